@@ -1,0 +1,36 @@
+# How our code is compiled: `orvatool_flags` for everything, `product_flags` for what ships.
+
+add_library(orvatool_flags INTERFACE)
+target_include_directories(orvatool_flags INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(orvatool_flags INTERFACE -Wall -Wextra -Wconversion -Wshadow)
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+    # Texts that are cut to their buffers are our normal case.
+    target_compile_options(orvatool_flags INTERFACE -Wno-format-truncation)
+endif()
+if(ORVATOOL_WERROR)
+    target_compile_options(orvatool_flags INTERFACE -Werror)
+endif()
+if(ORVATOOL_SANITIZE)
+    add_compile_options(-fsanitize=${ORVATOOL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=${ORVATOOL_SANITIZE})
+    if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+        # Linked statically, or a preloaded library is refused.
+        add_link_options(-static-libasan)
+        # The checks that are added make g++ see paths in <regex> that do not exist.
+        add_compile_options(-Wno-maybe-uninitialized)
+    endif()
+endif()
+
+# Calendars must give the same doubles on every target: no fused operations. _FORTIFY_SOURCE stays
+# off, because it renames the platform functions that other people's tools hook.
+add_library(product_flags INTERFACE)
+target_link_libraries(product_flags INTERFACE orvatool_flags)
+target_compile_options(
+    product_flags
+    INTERFACE -fvisibility=hidden
+              -ffp-contract=off
+              -fstack-protector-strong
+              -U_FORTIFY_SOURCE
+              $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions>
+              $<$<COMPILE_LANGUAGE:CXX>:-fno-rtti>
+              $<$<COMPILE_LANGUAGE:CXX>:-fno-threadsafe-statics>)

@@ -1,0 +1,74 @@
+// One log line: the head, the message and a newline, straight onto the standard output stream.
+
+#include <cerrno>
+#include <cstdarg>
+#include <cstdio>
+#include <ctime>
+
+#include "log/log.h"
+#include "log/state.h"
+
+namespace {
+
+constexpr int kYearSize = 5;  // four digits; a fifth is cut
+constexpr int kStampSize = 1024;
+constexpr int kTmYearBase = 1900;
+
+const char* LevelName(int level) {
+    switch (level) {
+        case LOG_ERROR:
+            return "Error";
+        case LOG_WARNING:
+            return "Warning";
+        case LOG_INFO:
+            return "Info";
+        case LOG_DEBUG:
+            return "Debug";
+        default:
+            return "Unknown";
+    }
+}
+
+// Writes the local time of now in the form 2024-03-05T14:07:09.
+void FormatStamp(char (&stamp)[kStampSize]) {
+    const time_t now = time(nullptr);
+    const struct tm* local = localtime(&now);
+    char year[kYearSize];
+    snprintf(year, sizeof year, "%04d", local->tm_year + kTmYearBase);
+    snprintf(stamp, sizeof stamp, "%s-%02d-%02dT%02d:%02d:%02d", year, local->tm_mon + 1,
+             local->tm_mday, local->tm_hour, local->tm_min, local->tm_sec);
+}
+
+// Kept out of PrintLog: a line that is not enabled then costs a test and a return.
+[[gnu::noinline]] void WriteLine(int level, const char* file, const char* function, int line,
+                                 const char* format, va_list values) {
+    // localtime sets errno on a terminal without zone file, and the message may show it by "%m".
+    const int caller_errno = errno;
+    char stamp[kStampSize];
+    FormatStamp(stamp);
+    if (gRunMode == 1) {
+        const LogThreadSlot* thread = FindLogThread();
+        printf("[%s:%s][%s] %s [%s %s %d]: ", gLogProgName, stamp, thread ? thread->name : "",
+               LevelName(level), file, function, line);
+    } else {
+        printf("[%s:%s] %s [%s %s %d]: ", gLogProgName, stamp, LevelName(level), file, function,
+               line);
+    }
+    errno = caller_errno;
+    vfprintf(stdout, format, values);
+    putchar('\n');
+    errno = caller_errno;
+}
+
+}  // namespace
+
+void PrintLog(int level, const char* file, const char* function, int line, const char* format,
+              ...) {
+    if ((level & gLogMask) == 0) {
+        return;
+    }
+    va_list values;
+    va_start(values, format);
+    WriteLine(level, file, function, line, format, values);
+    va_end(values);
+}

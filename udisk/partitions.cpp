@@ -1,0 +1,82 @@
+// Reading the kernel's partition table into a list of mount candidates.
+
+#include "udisk/partitions.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "log/log_line.h"
+#include "util/owners.h"
+
+namespace {
+
+constexpr char kPartitionsFile[] = "/proc/partitions";
+constexpr int kHeaderLines = 2;  // the column names and an empty line
+constexpr int kLineSize = 256;
+constexpr int kStreamBufferSize = 16384;
+constexpr int kColumns = 4;  // major, minor, #blocks, name
+
+// USB disks appear as SCSI disks, or as ub with the kernel's simple USB block driver.
+bool IsUsbDiskName(const char* name) {
+    return strncmp(name, "sd", 2) == 0 || strncmp(name, "ub", 2) == 0;
+}
+
+void SkipHeader(FILE* file) {
+    char line[kLineSize];
+    for (int i = 0; i < kHeaderLines; ++i) {
+        (void)!fgets(line, sizeof line, file);  // at the end of the file the next read ends too
+    }
+}
+
+void CutLastCharacter(char* line) {
+    const size_t length = strlen(line);
+    if (length > 0) {  // a line may begin with a zero byte
+        line[length - 1] = '\0';
+    }
+}
+
+// Puts the entry at index count and the end entry behind it. Running out of memory is not handled.
+PartitionEntry* Append(PartitionEntry* list, size_t count, const PartitionEntry& entry) {
+    list = static_cast<PartitionEntry*>(realloc(list, (count + 2) * sizeof *list));
+    list[count] = entry;
+    list[count + 1].name = nullptr;
+    return list;
+}
+
+}  // namespace
+
+PartitionEntry* readPartitionList() {
+    UniqueMemory buffer(nullptr);  // declared first: the stream uses it until it is closed
+    UniqueFile file(fopen(kPartitionsFile, "r"));
+    if (!file) {
+        LOG(LOG_WARNING, "failed to open /proc/partitions");
+        return nullptr;
+    }
+    buffer.Reset(malloc(kStreamBufferSize));
+    if (buffer) {
+        setvbuf(file.get(), static_cast<char*>(buffer.get()), _IOFBF, kStreamBufferSize);
+    }
+    SkipHeader(file.get());
+
+    auto* list = static_cast<PartitionEntry*>(malloc(sizeof(PartitionEntry)));
+    list[0].name = nullptr;
+    size_t count = 0;
+    char line[kLineSize];
+    while (fgets(line, sizeof line, file.get()) != nullptr) {
+        int major;
+        int minor;
+        int32_t size_kib;
+        char name[kLineSize];
+        if (sscanf(line, "%d %d %d %s", &major, &minor, &size_kib, name) != kColumns) {
+            CutLastCharacter(line);
+            LOG(LOG_INFO, "invalid line in /proc/partitions: '%s'\n", line);
+            break;
+        }
+        if (IsUsbDiskName(name) && size_kib > 0) {
+            list = Append(list, count, {strdup(name), size_kib});
+            ++count;
+        }
+    }
+    return list;
+}

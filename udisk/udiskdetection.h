@@ -1,0 +1,37 @@
+/*
+ * Finding, mounting and unmounting a USB disk.
+ *
+ * The disk is looked for in the kernel's proc files at the moment of the call and mounted as a FAT
+ * file system on /mnt/removable, read-write, without execution of programs. Nothing waits for a
+ * disk: one that the kernel has not registered yet is not found. All outcomes are logged under the
+ * source name udiskdetection. Not for two threads at once.
+ */
+#ifndef UDISK_UDISKDETECTION_H
+#define UDISK_UDISKDETECTION_H
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/*
+ * Unmounts what is mounted on /mnt/removable, then mounts the first disk or partition there that
+ * the kernel accepts as FAT, in the kernel's order: a whole disk before its partitions.
+ *
+ * Returns 0 when a disk is mounted, 1 when a USB device is present but nothing could be mounted,
+ * 2 when there is no USB storage device.
+ *
+ * Good to know:
+ *  - The mount point is created when it is missing.
+ *  - With result 2 nothing was unmounted either.
+ *  - Any device on USB bus 1 counts as present, a keyboard too; the result is then 1.
+ */
+int DoMountUdisk(void);
+
+/* Unmounts /mnt/removable. That nothing was mounted there is logged as a failure and no more. */
+void DoUmount(void);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
