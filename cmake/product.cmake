@@ -9,7 +9,13 @@ add_library(
     udisk/partitions.cpp
     udisk/udiskdetection.cpp
     util/fileutils/create_path.cpp
-    util/timeutils/tick_count.cpp)
+    util/timeutils/tick_count.cpp
+    util/trstrutils/hex.cpp
+    util/trstrutils/in_place.cpp
+    util/trstrutils/key_value.cpp
+    util/trstrutils/merge_sort.cpp
+    util/trstrutils/numbers.cpp
+    util/trstrutils/split.cpp)
 target_link_libraries(library_objects PRIVATE product_flags)
 # -fPIC, also for what ends in an executable: -fPIE would export copies of libc's data.
 set_target_properties(library_objects PROPERTIES POSITION_INDEPENDENT_CODE ON)

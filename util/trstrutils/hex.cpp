@@ -1,0 +1,58 @@
+// Hexadecimal digits. Each function has its own idea of what a digit is, and callers know it.
+
+#include <cstdint>
+#include <cstring>
+
+#include "util/trstrutils.h"
+
+namespace {
+
+constexpr int kBase = 16;
+
+// The digit's value; below 0 or above 15 for most characters that are none, but not for those from
+// ':' to '?', which stand behind '9' and count on from it.
+int LenientDigitValue(char character) {
+    const auto code = static_cast<unsigned char>(character);
+    if (code >= 'a') {
+        return code - 'a' + 10;
+    }
+    if (code > '@') {
+        return code - 'A' + 10;
+    }
+    return code - '0';
+}
+
+bool IsDigitValue(int value) {
+    return value >= 0 && value < kBase;
+}
+
+// Whatever is no letter from A to F counts as a decimal digit. Unsigned: any int may come.
+uint32_t UncheckedDigitValue(int character) {
+    const auto code = static_cast<uint32_t>(character);
+    if (character >= 'A' && character <= 'F') {
+        return code - 'A' + 10;
+    }
+    if (character >= 'a' && character <= 'f') {
+        return code - 'a' + 10;
+    }
+    return code - '0';
+}
+
+}  // namespace
+
+int Decode16(const char* hex, unsigned char* out) {
+    const auto pairs = static_cast<int>(strlen(hex) / 2);
+    for (int i = 0; i < pairs; ++i) {
+        const int high = LenientDigitValue(hex[2 * i]);
+        const int low = LenientDigitValue(hex[2 * i + 1]);
+        if (!IsDigitValue(high) || !IsDigitValue(low)) {
+            return 0;
+        }
+        out[i] = static_cast<unsigned char>(high * kBase + low);
+    }
+    return pairs;
+}
+
+int str2Hex(int high, int low) {
+    return static_cast<uint8_t>(UncheckedDigitValue(high) * kBase + UncheckedDigitValue(low));
+}

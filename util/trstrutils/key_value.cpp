@@ -1,0 +1,57 @@
+// The value of a key in a list of key=value items.
+
+#include <cstdio>
+#include <cstring>
+
+#include "util/bounds.h"
+#include "util/trstrutils.h"
+
+namespace {
+
+constexpr int kPatternSize = 200;  // separator, a key of up to 197 bytes, '=', terminator
+constexpr int kNumberSize = 40;
+
+// Where the value of key begins, or nullptr when the list has no such key.
+const char* FindValue(const char* text, const char* key, int separator) {
+    char pattern[kPatternSize];
+    const auto length =
+        static_cast<size_t>(snprintf(pattern, sizeof pattern, "%c%s=", separator, key));
+    if (length >= sizeof pattern) {
+        return nullptr;
+    }
+    const char* const item = pattern + 1;  // for the first item, before which no separator stands
+    if (strncmp(text, item, length - 1) == 0) {
+        return text + length - 1;
+    }
+    // A separator of 0 makes the pattern empty, and no text holds it.
+    const char* match = pattern[0] != '\0' ? strstr(text, pattern) : nullptr;
+    return match != nullptr ? match + length : nullptr;
+}
+
+}  // namespace
+
+int ExtractValue(const char* text, const char* key, int separator, char* out, int out_max) {
+    if (out_max > 0) {
+        out[0] = '\0';
+    }
+    const char* value = text != nullptr ? FindValue(text, key, separator) : nullptr;
+    if (value == nullptr) {
+        return -1;
+    }
+    for (int i = 0; i < out_max; ++i) {
+        if (value[i] == '\0' || static_cast<unsigned char>(value[i]) == separator) {
+            out[i] = '\0';
+            return i;
+        }
+        out[i] = value[i];
+    }
+    return 0;
+}
+
+int ExtractValueInt(const char* text, const char* key, int separator, int default_value) {
+    char value[kNumberSize];
+    if (ExtractValue(text, key, separator, value, sizeof value) < 1) {
+        return default_value;
+    }
+    return ReadInt(value);
+}
