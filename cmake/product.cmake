@@ -9,6 +9,20 @@ add_library(
     udisk/partitions.cpp
     udisk/udiskdetection.cpp
     util/fileutils/create_path.cpp
+    util/timeutils/calendar_mode.cpp
+    util/timeutils/compile_date.cpp
+    util/timeutils/date_text.cpp
+    util/timeutils/digits.cpp
+    util/timeutils/fields.cpp
+    util/timeutils/gregorian.cpp
+    util/timeutils/hour_text.cpp
+    util/timeutils/islamic.cpp
+    util/timeutils/mktime.cpp
+    util/timeutils/old_time.cpp
+    util/timeutils/persian.cpp
+    util/timeutils/record_text.cpp
+    util/timeutils/seconds.cpp
+    util/timeutils/split_text.cpp
     util/timeutils/tick_count.cpp
     util/trstrutils/hex.cpp
     util/trstrutils/in_place.cpp

@@ -1,0 +1,84 @@
+// Questions and conversions by calendar mode.
+
+#include "util/timeutils.h"
+#include "util/timeutils/calendars.h"
+#include "util/timeutils/records.h"
+#include "util/wrapping.h"
+
+namespace {
+
+constexpr int kTmYear2000 = 2000 - kTmYearBase;
+constexpr int kTmYear2037 = 2037 - kTmYearBase;
+
+// 11 years in each cycle of 30 are leap years.
+int IsIslamicLeap(int year) {
+    return WrappingAdd(WrappingMul(11, year), 14) % 30 < 11 ? 1 : 0;
+}
+
+}  // namespace
+
+int IsLeapYearByCalendar(int calendar_mode, int year) {
+    switch (calendar_mode) {
+        case CALENDAR_PERSIAN:
+            return IsPersianLeap(year);
+        case CALENDAR_ISLAMIC:
+            return IsIslamicLeap(year);
+        default:
+            return 0;  // Gregorian years too: callers ask IsLeapYear
+    }
+}
+
+int GetMaxDaysOfMonth(int calendar_mode, int year, int month) {
+    switch (calendar_mode) {
+        case CALENDAR_GREGORIAN:
+            return GetMaxDaysOfGregoMonth(year, month);
+        case CALENDAR_PERSIAN:
+            return GetPersianMonthDay(year, month);
+        case CALENDAR_ISLAMIC:
+            return GetIslamicMonthDay(year, month);
+        default:
+            return year;  // callers rely on it
+    }
+}
+
+TTime* LocalTmToChrisTm(int calendar_mode, TTime* rec) {
+    if (rec == nullptr) {
+        return rec;
+    }
+    switch (calendar_mode) {
+        case CALENDAR_PERSIAN:
+            return PersianTmToChrisTm(rec);
+        case CALENDAR_ISLAMIC:
+            return IslamicTmToChrisTm(rec);
+        default:
+            return rec;
+    }
+}
+
+TTime* ChrisTmToLocalTm(int calendar_mode, TTime* rec) {
+    if (rec == nullptr) {
+        return rec;
+    }
+    switch (calendar_mode) {
+        case CALENDAR_PERSIAN:
+            return ChrisTmToPersianTm(rec);
+        case CALENDAR_ISLAMIC:
+            return ChrisTmToIslamicTm(rec);
+        default:
+            return rec;
+    }
+}
+
+int GetLocalTime(int calendar_mode, TTime* out) {
+    if (out == nullptr) {
+        return 0;
+    }
+    const time_t now = time(nullptr);
+    // The shared record itself: callers that hold its address read the converted date there.
+    TTime* const shared = localtime(&now);
+    if (shared->tm_year < kTmYear2000 || shared->tm_year > kTmYear2037) {
+        shared->tm_year = 2000;  // not 100: callers test for it
+    }
+    ChrisTmToLocalTm(calendar_mode, shared);
+    return 1;
+}

@@ -1,0 +1,56 @@
+// Digits and small numbers in clock texts.
+
+#include <cstdio>
+
+#include "util/bounds.h"
+#include "util/timeutils.h"
+#include "util/trstrutils.h"
+#include "util/wrapping.h"
+
+namespace {
+
+constexpr int kDecimalBase = 10;
+constexpr int kClockTextSize = sizeof "09:30";
+constexpr int kHourUnit = 100;  // an hour in a clock time written as HHMM
+
+}  // namespace
+
+int digitvalue(int c) {
+    const auto value = static_cast<uint8_t>(static_cast<uint32_t>(c) - '0');
+    return value < kDecimalBase ? value : -1;
+}
+
+int TimeTimeToInt(const char* text, int* out, int count) {
+    if (count == 0 || text == nullptr || out == nullptr) {
+        return -1;
+    }
+    int value = 0;
+    bool in_separator = false;
+    for (int i = 0; *text != '\0' && i < count; ++text) {
+        const int digit = digitvalue(*text);
+        if (digit >= 0) {
+            value = WrappingAdd(WrappingMul(value, kDecimalBase), digit);
+            out[i] = value;
+            in_separator = false;
+            continue;
+        }
+        value = 0;
+        if (!in_separator) {
+            ++i;
+            in_separator = true;
+        }
+    }
+    return 0;
+}
+
+int IntTimeToStrTime(char* dst, int size, int hhmm) {
+    if (dst == nullptr || size < kClockTextSize) {
+        return -1;
+    }
+    snprintf(dst, BufferSize(size), "%02d:%02d", hhmm / kHourUnit, hhmm % kHourUnit);
+    return 0;
+}
+
+int ConvertStrToInt(const char* text, int default_value) {
+    return str2int(text, default_value);
+}

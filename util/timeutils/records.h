@@ -1,0 +1,28 @@
+// What the parts of timeutils share about the broken-down record.
+#ifndef UTIL_TIMEUTILS_RECORDS_H
+#define UTIL_TIMEUTILS_RECORDS_H
+
+#include "util/timeutils.h"
+#include "util/wrapping.h"
+
+constexpr int kTmYearBase = 1900;  // tm_year counts from here
+
+// A date of any calendar, with the full year.
+struct CalendarDate {
+    int year;
+    int month;  // [1, 12]
+    int day;    // [1, 31]
+};
+
+inline CalendarDate DateOf(const TTime& rec) {
+    return {WrappingAdd(rec.tm_year, kTmYearBase), WrappingAdd(rec.tm_mon, 1), rec.tm_mday};
+}
+
+// Writes the three date fields and leaves all others.
+inline void SetDate(TTime* rec, const CalendarDate& date) {
+    rec->tm_year = WrappingSub(date.year, kTmYearBase);
+    rec->tm_mon = WrappingSub(date.month, 1);
+    rec->tm_mday = date.day;
+}
+
+#endif
