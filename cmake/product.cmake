@@ -6,10 +6,21 @@ add_library(
     log/levels.cpp
     log/print_log.cpp
     log/threads.cpp
+    splash/devices.cpp
+    splash/gpio.cpp
+    splash/logo.cpp
+    splash/nand.cpp
     udisk/partitions.cpp
     udisk/udiskdetection.cpp
     util/fileutils/create_path.cpp
+    util/fileutils/env_path.cpp
+    util/fileutils/file_copy.cpp
+    util/fileutils/file_questions.cpp
+    util/fileutils/folder_cursor.cpp
+    util/fileutils/folders.cpp
+    util/fileutils/processes.cpp
     util/timeutils/calendar_mode.cpp
+    util/timeutils/clock.cpp
     util/timeutils/compile_date.cpp
     util/timeutils/date_text.cpp
     util/timeutils/digits.cpp
@@ -17,11 +28,14 @@ add_library(
     util/timeutils/gregorian.cpp
     util/timeutils/hour_text.cpp
     util/timeutils/islamic.cpp
+    util/timeutils/mac_address.cpp
+    util/timeutils/mac_text.cpp
     util/timeutils/mktime.cpp
     util/timeutils/old_time.cpp
     util/timeutils/persian.cpp
     util/timeutils/record_text.cpp
     util/timeutils/seconds.cpp
+    util/timeutils/sleep.cpp
     util/timeutils/split_text.cpp
     util/timeutils/tick_count.cpp
     util/trstrutils/hex.cpp

@@ -11,14 +11,17 @@ constexpr size_t BufferSize(int size) {
     return size > 0 ? static_cast<size_t>(size) : 0;
 }
 
-// strtol in base 10 as the terminal has it: numbers beyond 32 bits stop at the limits, also where
-// long is wider.
-inline int ReadInt(const char* text) {
-    const long value = strtol(text, nullptr, 10);
+// Numbers beyond 32 bits stop at the limits, as on the terminal, also where long is wider.
+constexpr int SaturateToInt(long value) {
     if (value > INT_MAX) {
         return INT_MAX;
     }
     return value < INT_MIN ? INT_MIN : static_cast<int>(value);
+}
+
+// strtol in base 10.
+inline int ReadInt(const char* text) {
+    return SaturateToInt(strtol(text, nullptr, 10));
 }
 
 #endif

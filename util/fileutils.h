@@ -1,20 +1,163 @@
 /*
  * Files, folders and shell commands.
  *
- * Paths are zero-terminated byte strings. Failures are logged under the source name fileutils.
+ * Paths and names are zero-terminated byte strings; buffers belong to the caller. Where a buffer's
+ * size is passed, it counts the terminator, longer texts are cut to it, and with a size of 0 or
+ * below nothing is written. Failures are logged under the source name fileutils; where a function
+ * reports on standard error instead, it says so.
+ *
+ * Records are the C library's own struct dirent and struct stat. Programs that exchange them with
+ * the library must be built without large-file flags, as the library is.
+ *
+ * The functions keep no state, but for the one folder that TrOpenFolder opens.
  */
 #ifndef UTIL_FILEUTILS_H
 #define UTIL_FILEUTILS_H
+
+#include <dirent.h>
+#include <stdio.h>
+#include <sys/stat.h>
 
 #ifdef __cplusplus
 extern "C" {
 #endif
 
+/* What CopyFileContent hands to its hook. */
+typedef struct CopyStreams {
+    FILE* source;      /* open for reading */
+    FILE* destination; /* open for appending */
+} CopyStreams;
+
+/* What CopyFolder hands to its filter. */
+typedef struct CopyFolderItem {
+    int index;            /* how many entries were copied so far */
+    struct dirent* entry; /* the current entry; valid during the call */
+    struct stat* status;  /* its status; valid during the call */
+} CopyFolderItem;
+
 #pragma GCC visibility push(default)
+
+/*
+ * Questions about files.
+ */
+
+/*
+ * Returns how much of the file system that holds path is in use, in percent, 0 to 100, rounded to
+ * nearest. Blocks kept for the superuser are left out of the total.
+ *
+ * Good to know: 0 is also the result for any failure, and for a file system without blocks.
+ */
+int DiskSpaceUsed(const char* path);
+
+/* Returns 1 if path exists, else 0; 0 for NULL. */
+int CheckFileExists(const char* path);
+
+/*
+ * Returns 1 if the file name ends as a picture's does (jpg, jpeg, bmp, png, gif, in any case), else
+ * 0.
+ *
+ * Good to know: the extension is all that follows the first dot, so "a.b.png" is no picture.
+ */
+int JudgePicFile(const char* name);
+
+/*
+ * Copying a file. Destination first, as in memcpy. Both functions append: a destination that holds
+ * data already keeps it. Nothing is forced to storage; run `sync` when that matters.
+ */
+
+/*
+ * Appends the bytes of src to dest, creating dest when it is missing. hook, unless NULL, is called
+ * once before any byte moves: it may reposition the streams or read a header.
+ *
+ * Returns 1, or -1 when a path is NULL, a file cannot be opened or a write falls short. Logs
+ * nothing.
+ *
+ * Good to know: a read error ends the copy like the end of the file, with result 1.
+ */
+int CopyFileContent(const char* dest, const char* src, void (*hook)(CopyStreams* streams));
+
+/*
+ * Appends the bytes of src to dest, creating dest when it is missing, and logs both sizes.
+ *
+ * Returns 1 once both files opened and every byte was written, else -1.
+ *
+ * Good to know:
+ *  - If dest already held data the two sizes differ, "file size error" is logged, and the result is
+ *    still 1.
+ *  - A failing flush is logged by its error text alone, and the result is still 1.
+ *  - A file that cannot be opened is named on standard error, not in the log.
+ */
+int FileCopy(const char* dest, const char* src);
+
+/*
+ * Paths in the data folder: the value of the environment variable var where it is set, otherwise
+ * "/mnt/mtdblock/data/".
+ */
+
+/* Writes the data folder to out. Returns 1. */
+int GetAssignEnvPath(const char* var, char* out, int size);
+
+/*
+ * Writes the path of file in the data folder to out. Returns out.
+ *
+ * Good to know: no '/' is put between the two; the variable's value must end in one.
+ */
+char* GetEnvFilePath(const char* var, const char* file, char* out, int size);
+
+/*
+ * The folder cursor: one for the whole process. Not for two threads at once, and not to be nested.
+ */
+
+/*
+ * Opens a folder for TrGetFileName. Returns 1, or 0 when it cannot be opened.
+ *
+ * Good to know: a folder that is open is not closed first. Pair each call with TrCloseFolder.
+ */
+int TrOpenFolder(const char* path);
+
+/*
+ * Delivers the next regular file or directory of the open folder to entry and status; either may be
+ * NULL. Symbolic links are followed. A folder must be open.
+ *
+ * Returns 1, or 0 at the end of the folder.
+ *
+ * Good to know:
+ *  - "." and ".." and other kinds of file are passed over, but logged.
+ *  - An entry without status, such as a dangling link, is logged, reported on standard error and
+ *    passed over.
+ *  - The folder's path is cut to 255 characters, with the name to 511.
+ */
+int TrGetFileName(struct dirent* entry, struct stat* status);
+
+/* Closes the open folder, if any. Returns 1. */
+int TrCloseFolder(void);
 
 /*
  * Folders
  */
+
+/*
+ * Returns the number of entries of any kind in the folder, or 0 when it cannot be opened or path is
+ * NULL. The folder cursor is not touched.
+ *
+ * Good to know: two entries, "." and "..", are always taken off.
+ */
+int GetFileCountOfFolder(const char* path);
+
+/*
+ * Copies each regular file and directory in the folder src to dest by the shell command
+ * "cp src/name dest -rf && sync". filter, unless NULL, is called for each entry; a negative result
+ * leaves the entry out.
+ *
+ * Returns the number of entries copied, or -1 when src cannot be opened.
+ *
+ * Good to know:
+ *  - The folder cursor is used and closed. filter must not use it.
+ *  - src with a name is cut to 79 characters, the command to 254. The command then fails or names
+ *    another file, and is not counted if it fails.
+ *  - The shell interprets the names.
+ */
+int CopyFolder(const char* src, const char* dest, int (*filter)(CopyFolderItem* item));
 
 /*
  * Creates every missing directory that is named by a part of path ending just before a '/'.
@@ -28,6 +171,32 @@ extern "C" {
  *  - A path is cut to its first 1,023 characters.
  */
 void CreateMulvPath(const char* path);
+
+/*
+ * Processes
+ */
+
+/*
+ * Runs command through "/bin/sh -c" and waits for it. Descriptors, signals, environment and working
+ * directory are inherited and not changed.
+ *
+ * Returns the wait status: 0 for success, 256 times the exit code, or the signal that ended the
+ * command (plus 128 with a core dump); -2 for NULL; -1 when no child could be made, which is
+ * reported on standard error.
+ *
+ * Good to know: a shell that cannot be started gives 0, as does a wait that a signal interrupts.
+ */
+int systemEx(const char* command);
+
+/*
+ * Closes in the calling process every descriptor number that process pid has open. Meant for a
+ * newly forked child with its own id, before it starts another program.
+ *
+ * Returns 1, also when the process does not exist; that is logged and nothing is closed.
+ *
+ * Good to know: standard input, output and error are closed too.
+ */
+int CloseChildProcFd(int pid);
 
 #pragma GCC visibility pop
 

@@ -392,6 +392,92 @@ int ParseStrToTTime(const char* text, TTime* out, int text_type, int code, int c
 int TTimeToStrTime(char* dst, int size, const TTime* rec);
 
 /*
+ * The clock, in local time. Where a clock text shows a year outside 2000 to 2037, it shows 2000
+ * instead: such a clock was never set. Month and day are shown as they are.
+ */
+
+/*
+ * Clears dst and writes the current time in the text type kind, dates of type 1 in the layout of
+ * code.
+ *
+ * Returns 0, or -1 for a NULL dst.
+ *
+ * Good to know: in type 1 size only tells what is cleared; the sizes of FormatDate hold. An unknown
+ * kind leaves dst empty.
+ */
+int GetCurDateTime(char* dst, int size, int kind, int code);
+
+/* GetCurDateTime for the date in the layout of code. */
+int GetCurDate(char* dst, int size, int code);
+
+/* GetCurDateTime for the time as "08:09:10". */
+int GetCurTime(char* dst, int size);
+
+/* GetCurDateTime for the time as "08:09". */
+int GetCurTimeNoSec(char* dst, int size);
+
+/* Fills out with the current time. The year is never replaced here. */
+void GetClockDT(TClockDT* out);
+
+/* Fills out with the current time, trailing fields included. The year is never replaced here. */
+void GetTime(TTime* out);
+
+/*
+ * Sleeps for about ms milliseconds.
+ *
+ * Good to know: a signal does not end the sleep, but afterwards the time that has passed is known
+ * in whole seconds of the wall clock only. The sleep may then be up to a second too long or too
+ * short, and ends at the next signal when the clock was set back, or forward by more than ms.
+ */
+void Trmmsleep(unsigned int ms);
+
+/*
+ * Sets the system clock to rec, counted without zone as by EncodeTime, plus one second. The old and
+ * the new date are printed to standard output by the shell command "date".
+ *
+ * Returns 1, whether or not the clock could be set.
+ *
+ * Good to know: rec is brought into range and its tm_isdst set to -1. A record before 1970 sets
+ * 1970-01-01 00:00:00.
+ */
+int SyncSysTime(TTime* rec);
+
+/*
+ * The Ethernet address, of 6 bytes, most significant first.
+ */
+
+/*
+ * Reads six groups of hexadecimal digits, separated by colons, into the 6 bytes at out.
+ *
+ * Returns 0, or -1 for a malformed text, which leaves out as it was.
+ *
+ * Good to know: a group may have one digit, none (0), or more than two if its value is at most 255.
+ * What follows a sixth colon is not looked at.
+ */
+int str2mac(const char* text, unsigned char* out);
+
+/*
+ * Reads the address of eth0 into buf: as "00:1a:2b:3c:4d:5e" if form is 1, which needs 18 bytes, as
+ * 6 bytes if form is 2, or as many of the 6 bytes as size holds in any other form.
+ *
+ * Returns 1, or 0 when size is too small or there is no such interface, which is logged; buf is
+ * then left as it was.
+ */
+int GetMac(void* buf, int size, int form);
+
+/*
+ * Sets the address of an interface and reads it back, up to 500 times with pauses of 100 ms, until
+ * the interface shows it. Names are cut to 15 characters.
+ *
+ * Returns the result of the last reading: 0 when the address could be read, also when it still is
+ * another one; -1 when not, or when an argument is NULL or there is no socket, which is logged.
+ *
+ * Good to know: the interface is neither taken down nor brought up; many drivers want it down. Each
+ * attempt logs the current error text twice, after success too.
+ */
+int set_mac_addr(const char* interface, const unsigned char* mac);
+
+/*
  * Ticks: for measuring how long something took.
  */
 

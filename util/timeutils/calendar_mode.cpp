@@ -7,9 +7,6 @@
 
 namespace {
 
-constexpr int kTmYear2000 = 2000 - kTmYearBase;
-constexpr int kTmYear2037 = 2037 - kTmYearBase;
-
 // 11 years in each cycle of 30 are leap years.
 int IsIslamicLeap(int year) {
     return WrappingAdd(WrappingMul(11, year), 14) % 30 < 11 ? 1 : 0;
@@ -76,7 +73,7 @@ int GetLocalTime(int calendar_mode, TTime* out) {
     const time_t now = time(nullptr);
     // The shared record itself: callers that hold its address read the converted date there.
     TTime* const shared = localtime(&now);
-    if (shared->tm_year < kTmYear2000 || shared->tm_year > kTmYear2037) {
+    if (!IsShownYear(*shared)) {
         shared->tm_year = 2000;  // not 100: callers test for it
     }
     ChrisTmToLocalTm(calendar_mode, shared);

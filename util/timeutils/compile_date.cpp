@@ -35,10 +35,12 @@ int ConvertCompileDate(const char* text, char* dst, int size) {
     char date[kTextSize] = {};
     strncpy(date, text, sizeof date - 1);
     char word[kTextSize] = {};  // as long as the text, although names have three letters
-    int day = 0;
-    int year = 0;
-    sscanf(date, "%s %d %d", word, &day, &year);
+    long day_number = 0;
+    long year_number = 0;
+    sscanf(date, "%s %ld %ld", word, &day_number, &year_number);
     const int month = MonthOf(word);
+    const int day = SaturateToInt(day_number);
+    const int year = SaturateToInt(year_number);
     LOG(LOG_INFO, "%04d%02d%02d\n", year, month, day);
     snprintf(dst, BufferSize(size), "%04d%02d%02d", year, month, day);
     return 1;

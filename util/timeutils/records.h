@@ -6,6 +6,8 @@
 #include "util/wrapping.h"
 
 constexpr int kTmYearBase = 1900;  // tm_year counts from here
+constexpr int kTmYear2000 = 2000 - kTmYearBase;
+constexpr int kTmYear2037 = 2037 - kTmYearBase;
 
 // A date of any calendar, with the full year.
 struct CalendarDate {
@@ -16,6 +18,11 @@ struct CalendarDate {
 
 inline CalendarDate DateOf(const TTime& rec) {
     return {WrappingAdd(rec.tm_year, kTmYearBase), WrappingAdd(rec.tm_mon, 1), rec.tm_mday};
+}
+
+// Clocks outside the years 2000 to 2037 are taken for clocks that were never set.
+inline bool IsShownYear(const TTime& rec) {
+    return rec.tm_year >= kTmYear2000 && rec.tm_year <= kTmYear2037;
 }
 
 // Writes the three date fields and leaves all others.

@@ -8,34 +8,37 @@
 
 namespace {
 
-// Reads a number into each of numbers until a separator is missing. Separators are overwritten.
-void SplitNumbers(char* text, char separator, std::initializer_list<int*> numbers) {
-    for (int* const number : numbers) {
+// Reads first and, behind a separator each, others, until a separator is missing. The separators
+// that were passed are overwritten, one behind the last number is not.
+void SplitNumbers(char* text, char separator, int* first, std::initializer_list<int*> others) {
+    if (text == nullptr) {
+        return;
+    }
+    *first = ReadInt(text);
+    for (int* const number : others) {
+        text = strchr(text, separator);
         if (text == nullptr) {
             return;
         }
+        *text++ = '\0';
         *number = ReadInt(text);
-        text = strchr(text, separator);
-        if (text != nullptr) {
-            *text++ = '\0';
-        }
     }
 }
 
 }  // namespace
 
 void ParseDate(char* text, int* year, int* month, int* day) {
-    SplitNumbers(text, '-', {year, month, day});
+    SplitNumbers(text, '-', year, {month, day});
 }
 
 void ParseTime(char* text, int* hour, int* minute, int* second) {
-    SplitNumbers(text, ':', {hour, minute, second});
+    SplitNumbers(text, ':', hour, {minute, second});
 }
 
 void ParseTimeNoSec(char* text, int* hour, int* minute) {
-    SplitNumbers(text, ':', {hour, minute});
+    SplitNumbers(text, ':', hour, {minute});
 }
 
 void ParseDateNoYear(char* text, int* month, int* day) {
-    SplitNumbers(text, '-', {month, day});
+    SplitNumbers(text, '-', month, {day});
 }

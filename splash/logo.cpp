@@ -1,0 +1,51 @@
+// Updating the boot logo through the image manager library.
+
+#include <dlfcn.h>
+
+#include <cstdio>
+
+#include "splash/splash.h"
+#include "util/owners.h"
+
+namespace {
+
+constexpr char kLibrary[] = "/usr/lib/libbmpmngr.so";
+constexpr char kEntryPoint[] = "bmp_manager_init_env";
+constexpr char kLogoImage[] = "bmp.splash";
+
+// What the library's entry point fills. The other operations are the library's own business.
+struct ImageManagerTable {
+    void* others[8];
+    int (*update)(const char* image, unsigned int value1, unsigned int value2);
+};
+static_assert(sizeof(ImageManagerTable) == 9 * sizeof(void*));
+
+using InitEnv = int (*)(ImageManagerTable* table);
+using UniqueLibrary = UniqueHandle<void*, nullptr, dlclose>;
+
+}  // namespace
+
+int UpdateSplashLogo(unsigned int value1, unsigned int value2) {
+    const UniqueLibrary library(dlopen(kLibrary, RTLD_NOW));
+    if (!library) {
+        printf("dlopen failed: %m\n");
+        return -1;
+    }
+    const auto init_env = reinterpret_cast<InitEnv>(dlsym(library.get(), kEntryPoint));
+    if (init_env == nullptr) {
+        printf("bmp_manager_init_env not defined or exported in %s\n", kLibrary);
+        return -2;
+    }
+    ImageManagerTable table = {};
+    const int init_result = init_env(&table);
+    if (init_result != 0) {
+        printf("bmp_manager_init_env failed %d\n", init_result);
+        return -3;
+    }
+    if (table.update(kLogoImage, value1, value2) == 0) {
+        puts("update bmp  LOGO ok");
+    } else {
+        puts("failed to update bmp");
+    }
+    return 0;
+}

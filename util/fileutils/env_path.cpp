@@ -1,0 +1,28 @@
+// Paths in the data folder, which an environment variable may move.
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "util/bounds.h"
+#include "util/fileutils.h"
+
+namespace {
+
+constexpr char kDefaultFolder[] = "/mnt/mtdblock/data/";
+
+const char* DataFolder(const char* var) {
+    const char* const folder = getenv(var);
+    return folder != nullptr ? folder : kDefaultFolder;
+}
+
+}  // namespace
+
+int GetAssignEnvPath(const char* var, char* out, int size) {
+    snprintf(out, BufferSize(size), "%s", DataFolder(var));
+    return 1;
+}
+
+char* GetEnvFilePath(const char* var, const char* file, char* out, int size) {
+    snprintf(out, BufferSize(size), "%s%s", DataFolder(var), file);
+    return out;
+}
