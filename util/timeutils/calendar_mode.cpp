@@ -3,16 +3,6 @@
 #include "util/timeutils.h"
 #include "util/timeutils/calendars.h"
 #include "util/timeutils/records.h"
-#include "util/wrapping.h"
-
-namespace {
-
-// 11 years in each cycle of 30 are leap years.
-int IsIslamicLeap(int year) {
-    return WrappingAdd(WrappingMul(11, year), 14) % 30 < 11 ? 1 : 0;
-}
-
-}  // namespace
 
 int IsLeapYearByCalendar(int calendar_mode, int year) {
     switch (calendar_mode) {

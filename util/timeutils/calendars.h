@@ -36,6 +36,7 @@ double PersianToJd(int year, int month, int day);
 TTime* ChrisTmToPersianTm(TTime* rec);
 TTime* PersianTmToChrisTm(TTime* rec);
 
+int IsIslamicLeap(int year);
 double IslamicToJd(int year, int month, int day);
 int JdToIslamic(double jd, int* year, int* month, int* day);  // always 1
 TTime* ChrisTmToIslamicTm(TTime* rec);

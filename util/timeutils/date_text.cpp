@@ -48,15 +48,18 @@ int LayoutIndex(int code) {
     return index % 3 == 0 ? 0 : 2;
 }
 
+constexpr int kLastPersian1400s = 16;    // greater two-digit years belong to the century before
+constexpr int kLastGregorian2000s = 37;  // likewise
+
 // The full year for the two digits of a text.
 int WidenYear(int year, int calendar_mode) {
     switch (calendar_mode) {
         case CALENDAR_PERSIAN:
-            return year > 16 ? 1300 + year : 1400 + year;
+            return year > kLastPersian1400s ? 1300 + year : 1400 + year;
         case CALENDAR_ISLAMIC:
             return 1400 + year;
         default:
-            return year > 37 ? 1900 + year : 2000 + year;
+            return year > kLastGregorian2000s ? 1900 + year : 2000 + year;
     }
 }
 

@@ -15,6 +15,7 @@ static_assert(k400YearDays == 400 * kYearDays + 97);
 // (367 x month - 362) / 12 is the day on which a month begins, were February to have 30 days.
 constexpr int kMonthFactor = 367;
 constexpr int kMonthOffset = 362;
+constexpr int kMonthRounding = kMonthFactor + 6;  // for the way back
 constexpr int kMonthsPerYear = 12;
 
 // The days that the months before miss of that count: none up to February.
@@ -69,7 +70,8 @@ int JdToGregorian(double jd, int* year, int* month, int* day) {
     const double day_of_year = midnight - GregorianToJd(*year, 1, 1);
     const bool is_before_march = midnight < GregorianToJd(*year, 3, 1);
     const int missing = is_before_march ? 0 : MissingDays(*year, 3);
-    *month = ToInt(floor(((day_of_year + missing) * kMonthsPerYear + 373) / kMonthFactor));
+    *month =
+        ToInt(floor(((day_of_year + missing) * kMonthsPerYear + kMonthRounding) / kMonthFactor));
     *day = ToInt((midnight - GregorianToJd(*year, *month, 1)) + 1);
     return 1;
 }

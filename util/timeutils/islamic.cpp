@@ -11,7 +11,10 @@ constexpr int kCycleYears = 30;
 constexpr int kYearDays = 354;  // a common year
 constexpr int kCycleDays = 10631;
 constexpr int kLeapYears = 11;  // in a cycle
+constexpr int kLeapPhase = 3;   // places the leap years in the cycle
 static_assert(kCycleDays == kCycleYears * kYearDays + kLeapYears);
+
+constexpr int kYearRounding = kCycleDays + kCycleYears / 2;
 
 constexpr double kMeanMonthDays = 29.5;  // 30 and 29 in turn
 constexpr int kLongMonthDays = 30;
@@ -19,18 +22,23 @@ constexpr int kMonthsPerYear = 12;
 
 }  // namespace
 
+int IsIslamicLeap(int year) {
+    const int phase = WrappingAdd(WrappingMul(kLeapYears, year), kLeapYears + kLeapPhase);
+    return phase % kCycleYears < kLeapYears ? 1 : 0;
+}
+
 double IslamicToJd(int year, int month, int day) {
     const int days_before = WrappingSub(WrappingMul(kYearDays, year), kYearDays);
-    const int leap_days = WrappingAdd(WrappingMul(kLeapYears, year), 3) / kCycleYears;
+    const int leap_days = WrappingAdd(WrappingMul(kLeapYears, year), kLeapPhase) / kCycleYears;
     return day + ceil(WrappingSub(month, 1) * kMeanMonthDays) + days_before + leap_days + kEpoch -
            1;
 }
 
 int JdToIslamic(double jd, int* year, int* month, int* day) {
     const double midnight = floor(jd) + 0.5;
-    *year = ToInt(floor(((midnight - kEpoch) * kCycleYears + 10646) / kCycleDays));
+    *year = ToInt(floor(((midnight - kEpoch) * kCycleYears + kYearRounding) / kCycleDays));
     const double month_number =
-        ceil((midnight - (IslamicToJd(*year, 1, 1) + 29)) / kMeanMonthDays) + 1;
+        ceil((midnight - (IslamicToJd(*year, 1, 1) + (kLongMonthDays - 1))) / kMeanMonthDays) + 1;
     *month = month_number > kMonthsPerYear ? kMonthsPerYear : ToInt(month_number);
     *day = ToInt((midnight - IslamicToJd(*year, *month, 1)) + 1);
     return 1;

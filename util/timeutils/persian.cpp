@@ -13,7 +13,9 @@ constexpr int kYearDays = 365;    // a common year
 constexpr int kCycleStart = 474;  // the cycle in use begins behind this year
 constexpr int kLeapYears = 682;   // leap years come at a rate of 682 in 2816 years
 constexpr int kLeapPeriod = 2816;
-static_assert(kCycleDays == kCycleYears * kYearDays + 683);
+constexpr int kLeapPeriodDays = kLeapPeriod * kYearDays + kLeapYears;
+constexpr int kLeapPhase = 110;  // places the leap years in the cycle
+static_assert(kCycleDays == kCycleYears * kYearDays + kLeapYears + 1);
 
 constexpr int kLongMonths = 6;  // months 1 to 6 have 31 days, the others 30, the last 29 or 30
 constexpr int kLongMonthDays = 31;
@@ -28,7 +30,9 @@ double YearOfCycle(double day_of_cycle) {
     }
     const double years = floor(day_of_cycle / (kYearDays + 1));
     const double days = CalMod(day_of_cycle, kYearDays + 1);
-    return floor((2134 * years + 2816 * days + 2815) / 1028522) + years + 1;
+    constexpr int kExcessDays = kLeapPeriod * (kYearDays + 1) - kLeapPeriodDays;
+    return floor((kExcessDays * years + kLeapPeriod * days + (kLeapPeriod - 1)) / kLeapPeriodDays) +
+           years + 1;
 }
 
 }  // namespace
@@ -53,10 +57,12 @@ int GetPersianMonthDay(int year, int month) {
 double PersianToJd(int year, int month, int day) {
     const double base = static_cast<double>(year) - (year >= 0 ? kCycleStart : kCycleStart - 1);
     const double year_of_cycle = CalMod(base, kCycleYears) + kCycleStart;
-    const int month_start = month <= kLongMonths + 1
-                                ? WrappingSub(WrappingMul(kLongMonthDays, month), kLongMonthDays)
-                                : WrappingSub(WrappingMul(kShortMonthDays, month), 24);
-    return WrappingAdd(month_start, day) + floor((year_of_cycle * kLeapYears - 110) / kLeapPeriod) +
+    const int month_start =
+        month <= kLongMonths + 1
+            ? WrappingSub(WrappingMul(kLongMonthDays, month), kLongMonthDays)
+            : WrappingSub(WrappingMul(kShortMonthDays, month), kShortMonthDays - kLongMonths);
+    return WrappingAdd(month_start, day) +
+           floor((year_of_cycle * kLeapYears - kLeapPhase) / kLeapPeriod) +
            (year_of_cycle - 1) * kYearDays + floor(base / kCycleYears) * kCycleDays + (kEpoch - 1);
 }
 
