@@ -1,0 +1,1 @@
+"""Tests on the emulated terminal, one topic in each file."""
