@@ -17,10 +17,13 @@ CapturedStream::CapturedStream(FILE* stream) : stream_(stream) {
 }
 
 CapturedStream::~CapturedStream() {
-    fflush(stream_);
+    const std::string rest = Take();
     dup2(saved_fd_, fileno(stream_));
     close(saved_fd_);
     close(file_fd_);
+    if (testing::Test::HasFailure()) {
+        fputs(rest.c_str(), stream_);  // GoogleTest's own message was taken, too
+    }
 }
 
 std::string CapturedStream::Take() {

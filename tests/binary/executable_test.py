@@ -1,0 +1,110 @@
+"""What the linked executable exports, needs and allows.
+
+Called with the executable, its exports list, the target's nm and readelf, and the objects of the
+library.
+"""
+
+import re
+import subprocess
+import sys
+import unittest
+
+# The exported data objects and the types that nm may give them; every other name is a function.
+DATA_TYPES = {"_ytab": "R", "_timezone": "BD", "_daylight": "BD", "_dstbias": "BD"}
+
+executable, exports_list, nm, readelf, *objects = sys.argv[1:]
+
+
+def output_of(*command):
+    run = subprocess.run(command, check=True, capture_output=True, text=True)
+    return run.stdout
+
+
+def listed_names():
+    """The names of the exports list, in its order."""
+    with open(exports_list, encoding="ascii") as file:
+        text = re.sub(r"/\*.*?\*/", "", file.read(), flags=re.DOTALL)
+    body = re.fullmatch(r"\s*\{(.*)\};\s*", text, flags=re.DOTALL).group(1)
+    names = [name.strip() for name in body.split(";")]
+    assert names.pop() == "", "the last name has no semicolon"
+    return names
+
+
+def dynamic_symbols(which):
+    """(name, type) of the dynamic symbols; a version after @ is left out."""
+    lines = output_of(nm, "-D", which, executable).splitlines()
+    return [(line.split()[-1].split("@")[0], line.split()[-2]) for line in lines]
+
+
+class Exports(unittest.TestCase):
+    def test_list_holds_plain_names_once(self):
+        names = listed_names()
+        self.assertEqual(len(names), len(set(names)))
+        for name in names:
+            self.assertRegex(name, r"^[A-Za-z_]\w*$")  # a pattern would export more than it shows
+
+    def test_exactly_the_listed_names(self):
+        exported = [name for name, _ in dynamic_symbols("--defined-only")]
+        self.assertEqual(sorted(exported), sorted(listed_names()))
+
+    def test_every_visible_symbol_of_the_library_is_listed(self):
+        symbols = output_of(readelf, "-s", "-W", *objects)
+        visible = re.findall(r" (?:GLOBAL|WEAK) +(?:DEFAULT|PROTECTED) +\d+ (\S+)$", symbols,
+                             flags=re.MULTILINE)
+        self.assertEqual(sorted(visible), sorted(listed_names()))
+
+    def test_functions_are_code_and_globals_are_data(self):
+        for name, kind in dynamic_symbols("--defined-only"):
+            self.assertIn(kind, DATA_TYPES.get(name, "T"), name)
+
+
+class Needs(unittest.TestCase):
+    def setUp(self):
+        self.dynamic = output_of(readelf, "-d", "-W", executable)
+
+    def test_no_library_but_the_c_library_and_the_option_store(self):
+        needed = re.findall(r"\(NEEDED\).*\[(.*)\]", self.dynamic)
+        self.assertIn("libtroption.so", needed)
+        self.assertIn("libc.so.6", needed)
+        for name in needed:
+            self.assertRegex(name, r"^(libtroption\.so|libc\.so\.6|libm\.so\.6|ld-linux.*\.so\.\d)$")
+
+    def test_the_option_store_is_called_dynamically(self):
+        undefined = [name for name, _ in dynamic_symbols("--undefined-only")]
+        self.assertIn("InitOption", undefined)
+        self.assertIn("LoadOptionStr", undefined)
+
+
+class Hardening(unittest.TestCase):
+    def setUp(self):
+        self.headers = output_of(readelf, "-h", "-l", "-W", executable)
+        self.dynamic = output_of(readelf, "-d", "-W", executable)
+
+    def test_is_position_independent(self):
+        self.assertRegex(self.headers, r"Type:\s+DYN ")
+        self.assertRegex(self.dynamic, r"\(FLAGS_1\).*\bPIE\b")
+
+    def test_has_no_relocations_in_code(self):
+        self.assertNotIn("TEXTREL", self.dynamic)
+
+    def test_binds_at_start(self):
+        self.assertRegex(self.dynamic, r"\(FLAGS_1\).*\bNOW\b|\(BIND_NOW\)")
+
+    def test_relocated_data_becomes_read_only(self):
+        self.assertIn("GNU_RELRO", self.headers)
+
+    def test_stack_is_not_executable(self):
+        stack = re.search(r"GNU_STACK(?:\s+0x\w+){5}\s+(\S[RWE ]*?)\s+0x", self.headers)
+        self.assertEqual(stack.group(1), "RW")
+
+    def test_no_segment_is_writable_and_executable(self):
+        for flags in re.findall(r"LOAD(?:\s+0x\w+){5}\s+([RWE ]+?)\s+0x", self.headers):
+            self.assertFalse("W" in flags and "E" in flags, flags)
+
+    def test_stack_protector_is_in(self):
+        undefined = [name for name, _ in dynamic_symbols("--undefined-only")]
+        self.assertIn("__stack_chk_fail", undefined)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])

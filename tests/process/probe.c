@@ -1,0 +1,243 @@
+/*
+ * A library to be preloaded into the tool. It shows the tool a terminal of the test's making and
+ * writes down, in their order, the calls that reach it and the text that the tool prints.
+ *
+ * PROBE_ROOT       the files under /proc/partitions, /proc/scsi and /proc/bus are looked for here
+ * PROBE_TRACE      the file that the trace goes to
+ * PROBE_MOUNT      results of mount, as in "-1,0"; the last one repeats
+ * PROBE_UMOUNT     results of umount
+ * PROBE_ERRNO      errno after each shell command; unset: as before the command
+ *
+ * The trace has a line for each call. What the tool printed since the last one stands before it,
+ * each line behind "out "; "out-" leads a line that had not ended. Nothing here changes errno.
+ */
+#define _GNU_SOURCE
+#include <dirent.h>
+#include <dlfcn.h>
+#include <errno.h>
+#include <fcntl.h>
+#include <stdarg.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <sys/time.h>
+#include <time.h>
+#include <unistd.h>
+
+enum {
+    kPathSize = 1024,
+    kTraceFd = 100,       /* out of the way of the tool's own */
+    kLowDescriptors = 64, /* those that are looked at for leaks */
+    kStart = 1709644029,  /* 2024-03-05 13:07:09 UTC */
+    kTickStep = 250,      /* ms from one reading of the clock to the next */
+};
+
+static int start_descriptors[kLowDescriptors];
+static size_t seen; /* bytes of stdout's buffer that are in the trace */
+
+/* The next definition of a function, which is the C library's. */
+#define REAL(function) ((__typeof__(&(function)))dlsym(RTLD_NEXT, #function))
+
+static void WriteTrace(const char* text, size_t size) {
+    if (write(kTraceFd, text, size) != (ssize_t)size) {
+        abort();
+    }
+}
+
+/* The text in stdout's buffer that was not there the last time. A flush shows as such. */
+static void TraceOutput(void) {
+    const char* start = stdout->_IO_write_base;
+    const size_t size = start != NULL ? (size_t)(stdout->_IO_write_ptr - start) : 0;
+    if (size < seen) {
+        WriteTrace("flush\n", sizeof "flush\n" - 1);
+        seen = 0;
+    }
+    while (seen < size) {
+        const char* line = start + seen;
+        const char* end = memchr(line, '\n', size - seen);
+        const size_t length = end != NULL ? (size_t)(end - line) : size - seen;
+        WriteTrace(end != NULL ? "out " : "out-", 4);
+        WriteTrace(line, length);
+        WriteTrace("\n", 1);
+        seen += length + (end != NULL ? 1 : 0);
+    }
+}
+
+static int IsOpen(int descriptor) {
+    return fcntl(descriptor, F_GETFD) != -1;
+}
+
+static void Trace(const char* format, ...) __attribute__((format(printf, 1, 2)));
+static void Trace(const char* format, ...) {
+    const int kept_errno = errno;
+    TraceOutput();
+    char line[2 * kPathSize];
+    va_list values;
+    va_start(values, format);
+    const int length = vsnprintf(line, sizeof line - 1, format, values);
+    va_end(values);
+    line[length] = '\n';
+    WriteTrace(line, (size_t)length + 1);
+    errno = kept_errno;
+}
+
+static void TraceNewDescriptors(void) {
+    const int kept_errno = errno;
+    for (int descriptor = 0; descriptor < kLowDescriptors; ++descriptor) {
+        if (IsOpen(descriptor) && !start_descriptors[descriptor]) {
+            Trace("open descriptor %d", descriptor);
+        }
+    }
+    errno = kept_errno;
+}
+
+__attribute__((constructor)) static void Start(void) {
+    const int file = open(getenv("PROBE_TRACE"), O_WRONLY | O_APPEND | O_CREAT, 0644);
+    if (file < 0 || dup3(file, kTraceFd, O_CLOEXEC) < 0) {
+        perror("probe: opening the trace");
+        abort();
+    }
+    close(file);
+    for (int descriptor = 0; descriptor < kLowDescriptors; ++descriptor) {
+        start_descriptors[descriptor] = IsOpen(descriptor);
+    }
+    unsetenv("LD_PRELOAD"); /* the commands that the tool starts are not watched */
+}
+
+__attribute__((destructor)) static void End(void) {
+    TraceNewDescriptors();
+    Trace("exit");
+}
+
+/* Where the tool really finds path. */
+static const char* Redirected(const char* path, char* buffer) {
+    if (strncmp(path, "/proc/", 6) != 0) {
+        return path;
+    }
+    snprintf(buffer, kPathSize, "%s%s", getenv("PROBE_ROOT"), path);
+    return buffer;
+}
+
+/* The next of the results in the variable, -1 with errno EINVAL. */
+static int NextResult(const char* variable, int* position) {
+    const char* results = getenv(variable);
+    const int result = atoi(results + *position);
+    const char* comma = strchr(results + *position, ',');
+    if (comma != NULL) {
+        *position = (int)(comma - results) + 1;
+    }
+    if (result == -1) {
+        errno = EINVAL;
+    }
+    return result;
+}
+
+/* Streams and folders. */
+
+FILE* freopen(const char* path, const char* mode, FILE* stream) {
+    Trace("freopen %s %s %s", path, mode, stream == stdout ? "stdout" : "another stream");
+    return REAL(freopen)(path, mode, stream);
+}
+
+FILE* fopen(const char* path, const char* mode) {
+    char buffer[kPathSize];
+    if (strncmp(path, "/proc/", 6) == 0) {
+        Trace("fopen %s %s", path, mode);
+    }
+    return REAL(fopen)(Redirected(path, buffer), mode);
+}
+
+DIR* opendir(const char* path) {
+    char buffer[kPathSize];
+    Trace("opendir %s", path);
+    return REAL(opendir)(Redirected(path, buffer));
+}
+
+int scandir(const char* path, struct dirent*** entries, int (*filter)(const struct dirent*),
+            int (*compare)(const struct dirent**, const struct dirent**)) {
+    char buffer[kPathSize];
+    Trace("scandir %s", path);
+    return REAL(scandir)(Redirected(path, buffer), entries, filter, compare);
+}
+
+int access(const char* path, int mode) {
+    Trace("access [%s] %d", path, mode);
+    return REAL(access)(path, mode);
+}
+
+int mkdir(const char* path, mode_t mode) {
+    Trace("mkdir [%s] %04o", path, (unsigned int)mode);
+    return REAL(mkdir)(path, mode);
+}
+
+/* Mounting: nothing is really mounted. */
+
+int mount(const char* source, const char* target, const char* type, unsigned long flags,
+          const void* data) {
+    static int position;
+    Trace("mount %s %s %s %lu %s", source, target, type, flags, data == NULL ? "none" : "data");
+    return NextResult("PROBE_MOUNT", &position);
+}
+
+int umount(const char* target) {
+    static int position;
+    Trace("umount %s", target);
+    return NextResult("PROBE_UMOUNT", &position);
+}
+
+int umount2(const char* target, int flags) {
+    Trace("umount2 %s %d", target, flags);
+    return -1;
+}
+
+void sync(void) {
+    Trace("sync");
+}
+
+/* Commands: they are really run. */
+
+int system(const char* command) {
+    const int kept_errno = errno;
+    const char* number = getenv("PROBE_ERRNO");
+    Trace("system %s", command);
+    TraceNewDescriptors();
+    const int result = REAL(system)(command);
+    errno = number != NULL ? atoi(number) : kept_errno;
+    return result;
+}
+
+/* The option store. */
+
+int InitOption(void) {
+    Trace("InitOption");
+    return ((int (*)(void))dlsym(RTLD_NEXT, "InitOption"))();
+}
+
+int LoadOptionStr(const char* key, char* value, int size) {
+    int used = 0;
+    for (int i = 0; i < size; ++i) {
+        used |= value[i];
+    }
+    Trace("LoadOptionStr %s %s %d", key, used ? "a used buffer" : "zeroes", size);
+    return ((int (*)(const char*, char*, int))dlsym(RTLD_NEXT, "LoadOptionStr"))(key, value, size);
+}
+
+/* The clock: each reading in milliseconds is a step later. */
+
+time_t time(time_t* out) {
+    if (out != NULL) {
+        *out = kStart;
+    }
+    return kStart;
+}
+
+int gettimeofday(struct timeval* now, void* zone) {
+    static int steps;
+    (void)zone;
+    now->tv_sec = kStart + steps * kTickStep / 1000;
+    now->tv_usec = steps * kTickStep % 1000 * 1000;
+    ++steps;
+    return 0;
+}
