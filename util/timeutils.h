@@ -271,8 +271,8 @@ int HourTimeFormatTo24Mode(char* buf, int size);
 
 /*
  * Splitters: the numbers of a text such as "2024-05-17" or "08:30:15". Each overwrites the
- * separators with terminators, so text must be writable. At a missing separator the work stops, and
- * the numbers not yet reached stay as they were.
+ * separators between the numbers that it reads with terminators, so text must be writable. At a
+ * missing separator the work stops, and the numbers not yet reached stay as they were.
  */
 
 void ParseDate(char* text, int* year, int* month, int* day);
