@@ -16,7 +16,7 @@ constexpr uint32_t kUsPerMs = 1000;
 
 // The whole seconds since start by the wall clock, in ms. Jumps with the clock.
 uint32_t ElapsedMs(time_t start) {
-    return kMsPerSecond * static_cast<uint32_t>(time(nullptr) - start);
+    return kMsPerSecond * (static_cast<uint32_t>(time(nullptr)) - static_cast<uint32_t>(start));
 }
 
 // 0 when the time has run out.
