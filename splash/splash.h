@@ -76,7 +76,7 @@ int GpioPutBytes(const void* bytes, unsigned int count);
  * Good to know:
  *  - The region has 65 pages, the block 64: the last page is rewritten without being erased.
  *  - A page that cannot be read is rewritten as erased flash, every byte 0xFF, the number's bytes
- *    excepted.
+ *    excepted. The last page is not erased, so on real flash this leaves it as it was.
  *  - The results of the page writes are not checked.
  *  - The pages stand on the stack: 133,120 bytes.
  */
@@ -93,7 +93,10 @@ int NandSetRote(const char* text);
  * Returns 0; -1 when the library cannot be loaded, -2 when it has no entry point, -3 when the entry
  * point fails. Each outcome is printed.
  *
- * Good to know: a failing update returns 0 too; only the message tells.
+ * Good to know:
+ *  - A failing update returns 0 too; only the message tells.
+ *  - The message about a library that cannot be loaded ends in errno's text, which newer C
+ *    libraries do not set here: it may say "Success".
  */
 int UpdateSplashLogo(unsigned int value1, unsigned int value2);
 
