@@ -15,6 +15,9 @@ COMMAND_BOUND_S = 180
 INSTALLED = {  # from the build folder to the terminal
     "bin/orvatool": "/usr/bin/orvatool",
     "lib/libtroption.so": "/usr/lib/libtroption.so",
+    "lib/libboard_caller.so": "/usr/lib/libboard_caller.so",
+    "bin/board_devices": "/usr/bin/board_devices",
+    "bin/board_splash": "/usr/bin/board_splash",
 }
 BACKGROUND = "/tmp/background"
 OPTIONS = "/mnt/mtdblock/options.txt"
@@ -116,8 +119,8 @@ class Terminal:
     def plug(self, stick, **options):
         """Plugs a stick in and waits until the kernel has registered it and its partitions."""
         self.plug_in(stick, **options)
-        for name in stick.names(f"sd{chr(ord('a') + len(self._plugged) - 1)}"):
-            self.wait_for(f"[ -b /dev/{name} ]")
+        names = stick.names(f"sd{chr(ord('a') + len(self._plugged) - 1)}")
+        self.wait_for(" && ".join(f"[ -b /dev/{name} ]" for name in names))
 
     def plug_in(self, stick, **options):
         """Plugs a stick in and returns at once."""
@@ -138,9 +141,8 @@ class Terminal:
         """Brings the terminal back to its state after the boot."""
         while self._plugged:
             self.unplug()
-        self.check("fresh")
-        self.wait_for("! ls /sys/block/sd* >/dev/null 2>&1")
-        self.check(f"date -s @{int(time.time())}")
+        self.check("fresh && until ! ls /sys/block/sd* >/dev/null 2>&1; do usleep 10000; done"
+                   f" && date -s @{int(time.time())}")
 
     def wait(self):
         """Waits until the terminal is switched off."""
