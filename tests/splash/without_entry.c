@@ -1,0 +1,7 @@
+// A library that is no image manager.
+
+int SomethingElse(void);
+
+int SomethingElse(void) {
+    return 0;
+}

@@ -1,0 +1,145 @@
+// TrGetFileName: the records that it fills.
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tests/support/log_lines.h"
+#include "tests/util/fileutils/cursor_folder.h"
+#include "tests/util/fileutils/fake_folders.h"
+
+namespace {
+
+constexpr char kFill = '\x5A';
+
+template <typename Record>
+std::string BytesOf(const Record& record) {
+    return {reinterpret_cast<const char*>(&record), sizeof record};
+}
+
+template <typename Record>
+Record Filled(char fill) {
+    Record record;
+    memset(&record, fill, sizeof record);
+    return record;
+}
+
+class FolderRecords : public CursorFolder {
+protected:
+    // Gives this entry once, as a regular file, then the end.
+    void Give(struct dirent* entry) {
+        fake_.on_readdir = [entry, given = false]() mutable {
+            return std::exchange(given, true) ? nullptr : entry;
+        };
+        fake_.on_stat = [](const std::string&, struct stat* out) {
+            memset(out, 0x3C, sizeof *out);
+            out->st_mode = S_IFREG;
+            return 0;
+        };
+        TrOpenFolder(folder().c_str());
+    }
+
+    FakeFolders fake_;
+};
+
+}  // namespace
+
+TEST_F(FolderRecords, AreDeliveredWhole) {
+    auto given = Filled<struct dirent>(0x11);
+    given.d_reclen = sizeof given;
+    strcpy(given.d_name, "name");
+    Give(&given);
+    auto entry = Filled<struct dirent>(kFill);
+    auto status = Filled<struct stat>(kFill);
+    ASSERT_EQ(TrGetFileName(&entry, &status), 1);
+    EXPECT_EQ(BytesOf(entry), BytesOf(given));
+    auto expected = Filled<struct stat>(0x3C);
+    expected.st_mode = S_IFREG;
+    EXPECT_EQ(BytesOf(status), BytesOf(expected));
+}
+
+TEST_F(FolderRecords, DoNotReachBehindTheKernelsEntry) {
+    // The last entry of the kernel's block may end where the block does.
+    const size_t length = offsetof(struct dirent, d_name) + 8;
+    const std::unique_ptr<char[]> block(new char[length]);
+    auto* given = reinterpret_cast<struct dirent*>(block.get());
+    memset(block.get(), 0x11, length);
+    given->d_reclen = static_cast<unsigned short>(length);
+    strcpy(given->d_name, "name");
+    Give(given);
+    auto entry = Filled<struct dirent>(kFill);
+    ASSERT_EQ(TrGetFileName(&entry, nullptr), 1);
+    EXPECT_EQ(BytesOf(entry).substr(0, length), std::string(block.get(), length));
+}
+
+TEST_F(FolderRecords, AreThoseOfTheFile) {
+    fake_.on_stat = nullptr;
+    Write("file", "12345");
+    ASSERT_EQ(TrOpenFolder(folder().c_str()), 1);
+    struct dirent entry;
+    auto status = Filled<struct stat>(0);
+    ASSERT_EQ(TrGetFileName(&entry, &status), 1);
+    EXPECT_STREQ(entry.d_name, "file");
+    EXPECT_EQ(entry.d_type, DT_REG);
+    auto expected = Filled<struct stat>(0);
+    ASSERT_EQ(stat(Path("file").c_str(), &expected), 0);
+    EXPECT_EQ(entry.d_ino, expected.st_ino);
+    EXPECT_EQ(BytesOf(status), BytesOf(expected));
+    EXPECT_EQ(status.st_size, 5);
+}
+
+TEST_F(FolderRecords, OfALinkAreItsOwnNameAndTheTargetsStatus) {
+    Write("target", "12345");
+    mkdir(Path("folder").c_str(), 0755);
+    symlink("../target", Path("folder/link").c_str());
+    ASSERT_EQ(TrOpenFolder(Path("folder").c_str()), 1);
+    struct dirent entry;
+    struct stat status;
+    ASSERT_EQ(TrGetFileName(&entry, &status), 1);
+    EXPECT_STREQ(entry.d_name, "link");
+    EXPECT_EQ(entry.d_type, DT_LNK);
+    struct stat expected;
+    ASSERT_EQ(stat(Path("target").c_str(), &expected), 0);
+    EXPECT_EQ(status.st_ino, expected.st_ino);
+    EXPECT_EQ(status.st_mode, expected.st_mode);
+    EXPECT_EQ(status.st_size, 5);
+}
+
+TEST_F(FolderRecords, MayBeLeftOut) {
+    Write("file", "12345");
+    struct dirent entry;
+    struct stat status;
+    for (const bool has_entry : {false, true}) {
+        for (const bool has_status : {false, true}) {
+            memset(&entry, 0, sizeof entry);
+            memset(&status, 0, sizeof status);
+            ASSERT_EQ(TrOpenFolder(folder().c_str()), 1);
+            EXPECT_EQ(TrGetFileName(has_entry ? &entry : nullptr, has_status ? &status : nullptr),
+                      1);
+            EXPECT_STREQ(entry.d_name, has_entry ? "file" : "");
+            EXPECT_EQ(status.st_size, has_status ? 5 : 0);
+            TrCloseFolder();
+        }
+    }
+}
+
+TEST_F(FolderRecords, AreUntouchedAtTheEnd) {
+    mkfifo(Path("fifo").c_str(), 0644);
+    ASSERT_EQ(TrOpenFolder(folder().c_str()), 1);
+    auto entry = Filled<struct dirent>(kFill);
+    auto status = Filled<struct stat>(kFill);
+    EXPECT_EQ(TrGetFileName(&entry, &status), 0);
+    EXPECT_EQ(BytesOf(entry), std::string(sizeof entry, kFill));
+    EXPECT_EQ(BytesOf(status), std::string(sizeof status, kFill));
+}
+
+TEST_F(FolderRecords, OfAFolderThatFillsManyOfTheKernelsBlocksAreAllDelivered) {
+    constexpr int kFiles = 3000;
+    for (int i = 0; i < kFiles; ++i) {
+        Write(std::to_string(i), "");
+    }
+    ASSERT_EQ(TrOpenFolder(folder().c_str()), 1);
+    EXPECT_EQ(AsSet(Delivered()).size(), static_cast<size_t>(kFiles));
+}
