@@ -1,0 +1,79 @@
+// Records for tests: dates with the full year and months from 1, everything else marked.
+#ifndef TESTS_UTIL_TIMEUTILS_DATE_RECORDS_H
+#define TESTS_UTIL_TIMEUTILS_DATE_RECORDS_H
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstring>
+#include <ctime>
+#include <ostream>
+
+// A date of any calendar.
+struct Date {
+    int year;
+    int month;  // [1, 12]
+    int day;    // [1, 31]
+
+    bool operator==(const Date&) const = default;
+};
+
+inline std::ostream& operator<<(std::ostream& out, const Date& date) {
+    return out << date.year << '-' << date.month << '-' << date.day;
+}
+
+struct Clock {
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+};
+
+// Sums wrap, so that every tm_year and tm_mon has its date.
+inline int WrappingSum(int a, int b) {
+    return static_cast<int>(static_cast<unsigned>(a) + static_cast<unsigned>(b));
+}
+
+inline Date DateIn(const struct tm& rec) {
+    return {WrappingSum(rec.tm_year, 1900), WrappingSum(rec.tm_mon, 1), rec.tm_mday};
+}
+
+// Every byte besides the date is kMark, padding and trailing fields included.
+constexpr int kMark = 0x5A5A5A5A;
+
+inline struct tm MarkedRecord(const Date& date) {
+    struct tm rec;
+    memset(&rec, 0x5A, sizeof rec);
+    rec.tm_year = WrappingSum(date.year, -1900);
+    rec.tm_mon = WrappingSum(date.month, -1);
+    rec.tm_mday = date.day;
+    return rec;
+}
+
+inline struct tm RecordOf(const Date& date, const Clock& clock = {}) {
+    struct tm rec = MarkedRecord(date);
+    rec.tm_hour = clock.hour;
+    rec.tm_min = clock.minute;
+    rec.tm_sec = clock.second;
+    return rec;
+}
+
+// The nine fields in their order, from tm_sec to tm_isdst.
+inline std::array<int, 9> FieldsOf(const struct tm& rec) {
+    return {rec.tm_sec,  rec.tm_min,  rec.tm_hour, rec.tm_mday, rec.tm_mon,
+            rec.tm_year, rec.tm_wday, rec.tm_yday, rec.tm_isdst};
+}
+
+inline bool SameBytes(const struct tm& a, const struct tm& b) {
+    return memcmp(&a, &b, sizeof a) == 0;
+}
+
+// The date that a converter of records makes of another. It must change nothing else.
+inline Date Converted(struct tm* (*convert)(struct tm*), const Date& date) {
+    struct tm rec = MarkedRecord(date);
+    EXPECT_EQ(convert(&rec), &rec);
+    const Date result = DateIn(rec);
+    EXPECT_TRUE(SameBytes(rec, MarkedRecord(result))) << date;
+    return result;
+}
+
+#endif

@@ -1,0 +1,10 @@
+// mktime_1 once more, as it is defined: one month after the other, whatever time that takes.
+#ifndef TESTS_UTIL_TIMEUTILS_PLAIN_MKTIME_H
+#define TESTS_UTIL_TIMEUTILS_PLAIN_MKTIME_H
+
+#include <ctime>
+
+// Reads the exported zone globals, as mktime_1 does.
+time_t PlainMktime(struct tm* rec);
+
+#endif
