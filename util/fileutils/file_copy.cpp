@@ -68,7 +68,7 @@ int FileCopy(const char* dest, const char* src) {
         perror(dest);
         return -1;
     }
-    fseek(destination.get(), 0, SEEK_END);
+    (void)fseek(destination.get(), 0, SEEK_END);  // appending goes there all the same
     if (!CopyStream(source.get(), destination.get())) {
         LOG(LOG_WARNING, "Write picture data error!");
         SyncByAddress(destination.get());
@@ -77,9 +77,10 @@ int FileCopy(const char* dest, const char* src) {
     if (fflush(destination.get()) != 0) {
         LOG(LOG_WARNING, "%m");
     }
-    const auto source_size = static_cast<int>(ftell(source.get()));
-    const auto destination_size = static_cast<int>(ftell(destination.get()));
-    LOG(LOG_DEBUG, "src file size:%d dst file size:%d", source_size, destination_size);
+    const long source_size = ftell(source.get());
+    const long destination_size = ftell(destination.get());
+    LOG(LOG_DEBUG, "src file size:%d dst file size:%d", static_cast<int>(source_size),
+        static_cast<int>(destination_size));
     if (source_size != destination_size) {
         LOG(LOG_WARNING, "file size error");
     }

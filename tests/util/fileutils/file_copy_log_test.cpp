@@ -105,6 +105,9 @@ TEST_F(FileCopyLog, HasPositionsAsInt) {
         files.positions = {{"src", INT_MAX + 1L}, {"dest", UINT_MAX + 8L}};
         EXPECT_EQ(Copy("dest", "src"), 1);
         EXPECT_EQ(log.Take(), (Lines{Sizes("-2147483648", "7"), Warning("file size error")}));
+        files.positions = {{"src", 3}, {"dest", UINT_MAX + 4L}};  // alike in 32 bits only
+        EXPECT_EQ(Copy("dest", "src"), 1);
+        EXPECT_EQ(log.Take(), (Lines{Sizes("3", "3"), Warning("file size error")}));
     }
 }
 
