@@ -1,7 +1,6 @@
 // Dates in ten layouts.
 
 #include <cstdio>
-#include <cstring>
 #include <iterator>
 
 #include "util/bounds.h"
@@ -38,6 +37,11 @@ constexpr int kStandardCode = 9;
 constexpr char kStandardPattern[] = "%04d-%02d-%02d";
 constexpr int kSeparatorPositions[] = {2, 5};
 constexpr int kCentury = 100;
+constexpr int kFieldWidth = 2;
+constexpr int kLongYearWidth = 4;
+
+constexpr int kLastPersian1400s = 16;    // greater two-digit years belong to the century before
+constexpr int kLastGregorian2000s = 37;  // likewise
 
 // The index of the code's layout. Negative codes put the year first, with '-' or '.'.
 int LayoutIndex(int code) {
@@ -47,9 +51,6 @@ int LayoutIndex(int code) {
     }
     return index % 3 == 0 ? 0 : 2;
 }
-
-constexpr int kLastPersian1400s = 16;    // greater two-digit years belong to the century before
-constexpr int kLastGregorian2000s = 37;  // likewise
 
 // The full year for the two digits of a text.
 int WidenYear(int year, int calendar_mode) {
@@ -66,6 +67,9 @@ int WidenYear(int year, int calendar_mode) {
 }  // namespace
 
 int FormatDate(char* dst, int code, int year, int month, int day) {
+    if (dst == nullptr) {
+        return 0;
+    }
     const int index = LayoutIndex(code);
     if (index == kStandardCode) {
         sprintf(dst, kStandardPattern, year, month, day);
@@ -91,12 +95,12 @@ int DeFormatDate(const char* text, int code, int calendar_mode, int* year, int* 
     const int index = LayoutIndex(code);
     const DateLayout& layout = kLayouts[index];
     if (index == kStandardCode) {
-        *year = ReadField(text, layout.year, 4);
+        *year = ReadField(text, layout.year, kLongYearWidth);
     } else {
-        *year = WidenYear(ReadField(text, layout.year, 2), calendar_mode);
+        *year = WidenYear(ReadField(text, layout.year, kFieldWidth), calendar_mode);
     }
-    *month = ReadField(text, layout.month, 2);
-    *day = ReadField(text, layout.day, 2);
+    *month = ReadField(text, layout.month, kFieldWidth);
+    *day = ReadField(text, layout.day, kFieldWidth);
     return 1;
 }
 

@@ -1,4 +1,5 @@
-// The library's own mktime: brings a record into range and counts its seconds, with no zone.
+// The library's own mktime: brings a record into range and counts its seconds, with no zone but
+// the two globals.
 
 #include <algorithm>
 #include <climits>
@@ -11,6 +12,7 @@ const int _ytab[2][12] = {
     {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31},
     {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31},
 };
+static_assert(sizeof _ytab == 2 * 12 * sizeof(int32_t));
 int _timezone;
 int _dstbias;
 int _daylight;
@@ -23,7 +25,7 @@ constexpr int kHoursPerDay = 24;
 constexpr int kMonthsPerYear = 12;
 constexpr int kDaysPerWeek = 7;
 constexpr int kDaysPerYear = 365;
-constexpr int kSecondsPerDay = 86400;
+constexpr int kSecondsPerDay = kHoursPerDay * kMinutesPerHour * kSecondsPerMinute;
 constexpr int kEpochYear = 1970;
 constexpr int kEpochWeekday = 4;  // Thursday
 constexpr int kCycleYears = 400;
@@ -59,6 +61,9 @@ int LengthOf(const MonthDays& date) {
 // year does not wrap on the way. Years behind the wrap are at another place of the cycle.
 void SkipCycles(MonthDays& date) {
     const int wanted = date.days / kCycleDays;  // of the days' sign
+    if (wanted == 0) {
+        return;
+    }
     const int64_t limit = wanted > 0 ? INT_MAX : INT_MIN;
     const auto room = static_cast<int>((limit - date.year) / kCycleYears);
     const int cycles = wanted > 0 ? std::min(wanted, room) : std::max(wanted, room);
@@ -116,7 +121,7 @@ int LeapInRemainder(int year, int period) {
     return remainder != 0 && remainder < kEpochYear % period ? 1 : 0;
 }
 
-// Counts what a seconds count cannot hold. The sums themselves wrap.
+// Remembers whether a sum went beyond what a seconds count can hold. The sums themselves wrap.
 class Overflow {
 public:
     void CountIf(bool overflows) { counted_ = counted_ || overflows; }
@@ -145,7 +150,7 @@ int DayOfYear(const TTime* rec, int year) {
     return days;
 }
 
-// The seconds less the zone and the summer time that a caller may have set.
+// The seconds with _timezone added and, in summer time, _dstbias taken off.
 int ApplyZone(int seconds, bool is_summer_time, Overflow& overflow) {
     overflow.CountIf(_timezone > 0 && seconds > INT_MAX - _timezone);
     overflow.CountIf(_timezone < 0 && seconds < WrappingSub(0, _timezone));

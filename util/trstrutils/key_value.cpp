@@ -23,7 +23,7 @@ const char* FindValue(const char* text, const char* key, int separator) {
     if (strncmp(text, item, length - 1) == 0) {
         return text + length - 1;
     }
-    // A separator of 0 makes the pattern empty, and no text holds it.
+    // A separator of 0 makes the pattern empty, which strstr finds in every text.
     const char* match = pattern[0] != '\0' ? strstr(text, pattern) : nullptr;
     return match != nullptr ? match + length : nullptr;
 }

@@ -23,11 +23,11 @@ int str2int(const char* text, int default_value) {
     }
     uint32_t value = 0;  // wraps
     for (; *text != '\0'; ++text) {
-        if (*text == ' ') {
-            if (value != 0) {
-                break;
-            }
+        if (*text == ' ' && value == 0) {
             continue;
+        }
+        if (*text == ' ') {
+            break;
         }
         if (*text < '0' || *text > '9') {
             return default_value;

@@ -25,7 +25,7 @@ ptrdiff_t FittingLength(size_t wanted, int size) {
 // Copies length bytes and terminates them; a length of -1 writes nothing.
 void CopyPart(char* dest, const char* source, ptrdiff_t length) {
     if (length >= 0) {
-        memcpy(dest, source, static_cast<size_t>(length));
+        memmove(dest, source, static_cast<size_t>(length));
         dest[length] = '\0';
     }
 }
@@ -39,7 +39,7 @@ char* SplitByChar(const char* text, char* first, char* rest, int separator) {
     // -1 without a separator: the terminator then lands before rest, as callers rely on.
     const auto rest_length = static_cast<ptrdiff_t>(strlen(text) - separator_at) - 1;
     if (rest_length > 0) {
-        memcpy(rest, text + separator_at + 1, static_cast<size_t>(rest_length));
+        memmove(rest, text + separator_at + 1, static_cast<size_t>(rest_length));
     }
     rest[rest_length] = '\0';
     return rest + rest_length + 1;

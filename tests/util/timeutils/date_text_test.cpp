@@ -28,6 +28,11 @@ std::string ToStandard(const std::string& text, int code, int calendar_mode) {
 
 }  // namespace
 
+TEST(FormatDate, WritesNothingWithoutADestination) {
+    EXPECT_EQ(FormatDate(nullptr, 9, 2024, 5, 7), 0);
+    EXPECT_EQ(FormatDate(nullptr, 4, 2024, 5, 7), 0);
+}
+
 TEST(FormatDate, HasTenLayouts) {
     for (int code = 0; code < 10; ++code) {
         EXPECT_EQ(Formatted(code, 2024, 5, 7), kLayoutTexts[code]) << code;
