@@ -38,7 +38,7 @@ unsigned char GetLogLevel(void) {
 void SetLogLevelByStr(const char* letters) {
     for (const LevelLetter& known : kLevelLetters) {
         if (strchr(letters, known.letter) != nullptr) {
-            SetLogLevel(known.level, 1);
+            (void)SetLogLevel(known.level, 1);  // cannot fail with 1
         }
     }
 }

@@ -5,9 +5,9 @@
  * The mask starts empty: nothing is logged until a level is enabled. Nothing is ever flushed here;
  * the stream's own buffering decides when a line reaches the file or the terminal.
  *
- * Texts are zero-terminated. Names that the log keeps are cut to 23 characters. There is no lock:
- * enable levels and register threads before several threads log; lines that are written at the
- * same moment may mix.
+ * Texts are zero-terminated, and no pointer may be NULL. Names that the log keeps are cut to 23
+ * characters. There is no lock: enable levels and register threads before several threads log;
+ * lines that are written at the same moment may mix.
  */
 #ifndef LOG_LOG_H
 #define LOG_LOG_H
@@ -45,8 +45,8 @@ enum {
  * Good to know:
  *  - A newline is added to every message, also to one that ends in a newline: such a message is
  *    followed by an empty line.
- *  - A level of several bits passes when any of them is enabled, and is named "Unknown". Level 0
- *    and levels above 255 are never written.
+ *  - A level of several bits passes when any of them is enabled, and is named "Unknown". Only the
+ *    low 8 bits can pass: levels 0 and 256 are never written, 257 is when errors are.
  *  - errno is the caller's: "%m" in format names the call that failed before this one, and errno
  *    is unchanged afterwards.
  *  - The time stamp is local time. Of a year with five digits it keeps the first four.

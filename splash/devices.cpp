@@ -48,9 +48,9 @@ int CloseGpioNand(void) {
         --gGpioNandUseCount;
         return 1;
     }
-    // Count and descriptors stay, and the NAND device stays open: programs count on being the last.
+    // Count and descriptors stay as they are, and the NAND device stays open.
     if (gGpioFd > 0) {
-        close(gGpioFd);
+        (void)close(gGpioFd);  // nothing could be done about a failure
         return 1;
     }
     return 0;

@@ -26,7 +26,7 @@ void CommandPin(unsigned long request, int pin, int value) {
     GpioNandArg arg = {};
     arg.first = static_cast<uint32_t>(pin);
     arg.second = static_cast<uint32_t>(value);
-    (void)ioctl(gGpioFd, request, &arg);  // the pin tells
+    (void)ioctl(gGpioFd, request, &arg);  // callers get 0 whatever happens
 }
 
 }  // namespace
@@ -38,7 +38,7 @@ int GpioReadPin(int pin) {
     }
     GpioNandArg arg = {};
     arg.first = static_cast<uint32_t>(pin);
-    (void)ioctl(gGpioFd, kReadPin, &arg);  // after a failure the value is 0
+    (void)ioctl(gGpioFd, kReadPin, &arg);  // the word in the record is the answer
     return static_cast<int>(arg.second);
 }
 

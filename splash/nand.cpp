@@ -56,7 +56,7 @@ void WritePage(uint32_t number, const Page& page) {
     (void)ioctl(gNandFd, kWritePage, &gNandArg);  // the block is erased: there is no way back
 }
 
-// Little-endian, as the board's boot loader reads it.
+// Little-endian, on every machine.
 void StoreNumber(Page& page, uint32_t number) {
     for (int i = 0; i < 4; ++i) {
         page[kNumberOffset + i] = static_cast<uint8_t>(number >> (8 * i));
@@ -69,7 +69,7 @@ int NandSetRote(const char* text) {
     const auto number = static_cast<uint32_t>(strtoul(text, nullptr, 0));
     printf("Rote=%s, %d\n", text, static_cast<int>(number));
     if (gGpioFd < 0) {
-        // The name and line that this message always carried; scripts look for them.
+        // Fixed texts: neither this function's name nor a line of this file.
         printf(":%s:%d invalid operation!\n", "Nand_Block_isBad", 390);
     }
     Page pages[kPageCount];

@@ -7,7 +7,8 @@
  * and the record of a NAND request are shared.
  *
  * Every function on pins or flash wants the devices open: pair OpenGpioNand and CloseGpioNand and
- * work between them. Without the devices "invalid operation!" is printed.
+ * work between them. Without the devices "invalid operation!" is printed. Pointers may be NULL only
+ * where a function says so.
  */
 #ifndef SPLASH_SPLASH_H
 #define SPLASH_SPLASH_H
@@ -35,8 +36,10 @@ int OpenGpioNand(void);
  *
  * Returns 1, or 0 when there is nothing to close.
  *
- * Good to know: after the last use count and descriptors stay as they are, and /dev/nand stays open
- * to the end of the process.
+ * Good to know:
+ *  - After the last use the count and the descriptors stay as they are, and /dev/nand stays open. A
+ *    later OpenGpioNand opens nothing, and requests go to whatever has the number by then.
+ *  - Descriptor 0 is never closed; the result is then 0.
  */
 int CloseGpioNand(void);
 
@@ -69,6 +72,8 @@ int GpioPutBytes(const void* bytes, unsigned int count);
  * Writes the number in text (decimal, 0x hexadecimal, 0 octal; 32 bits) to bytes 4 to 7 of NAND
  * page 512 and keeps all else of the pages 512 to 576: they are read, block 8 is erased, and they
  * are written back.
+ *
+ * Prints the text and the number first, and the count of pages at the end.
  *
  * Returns 1, or 0 when the devices are not open or the block cannot be erased; nothing is then
  * written.

@@ -70,12 +70,12 @@ int main(int argc, char* argv[]) {
     if (!ReadOptions(argc, argv)) {
         return 0;
     }
-    SetLogProgName("orvatool");
+    (void)SetLogProgName("orvatool");  // always 0
     LOG(LOG_INFO, "Init time:%u ret:%d", Now(), 0);
 
     char serial[kSerialSize] = {};
-    InitOption();
-    LoadOptionStr("~SerialNumber", serial, sizeof serial);
+    (void)InitOption();  // without a store the number stays empty
+    (void)LoadOptionStr("~SerialNumber", serial, sizeof serial);
     LOG(LOG_INFO, "SerialNumber:%s", serial);
 
     LOG(LOG_INFO, "Begin time:%u", Now());

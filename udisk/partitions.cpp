@@ -55,7 +55,7 @@ PartitionEntry* readPartitionList() {
     }
     buffer.Reset(malloc(kStreamBufferSize));
     if (buffer) {
-        setvbuf(file.get(), static_cast<char*>(buffer.get()), _IOFBF, kStreamBufferSize);
+        (void)setvbuf(file.get(), static_cast<char*>(buffer.get()), _IOFBF, kStreamBufferSize);
     }
     SkipHeader(file.get());
 

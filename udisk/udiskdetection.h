@@ -15,15 +15,17 @@ extern "C" {
 
 /*
  * Unmounts what is mounted on /mnt/removable, then mounts the first disk or partition there that
- * the kernel accepts as FAT, in the kernel's order: a whole disk before its partitions.
+ * the kernel accepts as FAT, in the kernel's order: a whole disk before its partitions. Only names
+ * that begin with sd or ub are tried.
  *
- * Returns 0 when a disk is mounted, 1 when a USB device is present but nothing could be mounted,
- * 2 when there is no USB storage device.
+ * Returns 0 when a disk is mounted, 1 when a USB device is present, or cannot be ruled out, but
+ * nothing could be mounted, 2 when there is no USB storage device.
  *
  * Good to know:
- *  - The mount point is created when it is missing.
+ *  - The mount point is created when it is missing, before each attempt.
  *  - With result 2 nothing was unmounted either.
- *  - Any device on USB bus 1 counts as present, a keyboard too; the result is then 1.
+ *  - The folder /proc/scsi/usb-storage counts as a device, whatever it holds. Without it any device
+ *    on USB bus 1 counts, a keyboard too, and a disk on another bus is not looked for.
  */
 int DoMountUdisk(void);
 

@@ -3,8 +3,8 @@
  *
  * Paths and names are zero-terminated byte strings; buffers belong to the caller. Where a buffer's
  * size is passed, it counts the terminator, longer texts are cut to it, and with a size of 0 or
- * below nothing is written. Failures are logged under the source name fileutils; where a function
- * reports on standard error instead, it says so.
+ * below nothing is written. Pointers may be NULL only where a function says so. Failures are logged
+ * under the source name fileutils; where a function reports on standard error instead, it says so.
  *
  * Records are the C library's own struct dirent and struct stat. Programs that exchange them with
  * the library must be built without large-file flags, as the library is.
@@ -62,7 +62,9 @@ int JudgePicFile(const char* name);
 
 /*
  * Copying a file. Destination first, as in memcpy. Both functions append: a destination that holds
- * data already keeps it. Nothing is forced to storage; run `sync` when that matters.
+ * data already keeps it. It must not be the source itself, which would grow without end. Nothing is
+ * forced to storage; run `sync` when that matters. A read error ends a copy like the end of the
+ * file.
  */
 
 /*
@@ -72,14 +74,16 @@ int JudgePicFile(const char* name);
  * Returns 1, or -1 when a path is NULL, a file cannot be opened or a write falls short. Logs
  * nothing.
  *
- * Good to know: a read error ends the copy like the end of the file, with result 1.
+ * Good to know: the last bytes are written when the streams close. A failure there, such as a full
+ * disk, is not seen, and the result is 1.
  */
 int CopyFileContent(const char* dest, const char* src, void (*hook)(CopyStreams* streams));
 
 /*
  * Appends the bytes of src to dest, creating dest when it is missing, and logs both sizes.
  *
- * Returns 1 once both files opened and every byte was written, else -1.
+ * Returns 1 once both files opened and the C library took every byte, else -1; -1 for a NULL path,
+ * which is logged.
  *
  * Good to know:
  *  - If dest already held data the two sizes differ, "file size error" is logged, and the result is
@@ -109,7 +113,8 @@ char* GetEnvFilePath(const char* var, const char* file, char* out, int size);
  */
 
 /*
- * Opens a folder for TrGetFileName. Returns 1, or 0 when it cannot be opened.
+ * Opens a folder for TrGetFileName. Returns 1, or 0 when it cannot be opened or path is NULL, which
+ * is logged.
  *
  * Good to know: a folder that is open is not closed first. Pair each call with TrCloseFolder.
  */
@@ -126,6 +131,7 @@ int TrOpenFolder(const char* path);
  *  - An entry without status, such as a dangling link, is logged, reported on standard error and
  *    passed over.
  *  - The folder's path is cut to 255 characters, with the name to 511.
+ *  - entry is written whole: behind the kernel's record it is filled with 0.
  */
 int TrGetFileName(struct dirent* entry, struct stat* status);
 
@@ -133,12 +139,12 @@ int TrGetFileName(struct dirent* entry, struct stat* status);
 int TrCloseFolder(void);
 
 /*
- * Folders
+ * Whole folders.
  */
 
 /*
  * Returns the number of entries of any kind in the folder, or 0 when it cannot be opened or path is
- * NULL. The folder cursor is not touched.
+ * NULL, which is logged. The folder cursor is not touched.
  *
  * Good to know: two entries, "." and "..", are always taken off.
  */
@@ -149,7 +155,8 @@ int GetFileCountOfFolder(const char* path);
  * "cp src/name dest -rf && sync". filter, unless NULL, is called for each entry; a negative result
  * leaves the entry out.
  *
- * Returns the number of entries copied, or -1 when src cannot be opened.
+ * Returns the number of entries copied, or -1 when src cannot be opened or is NULL, which is
+ * logged.
  *
  * Good to know:
  *  - The folder cursor is used and closed. filter must not use it.
@@ -173,7 +180,8 @@ int CopyFolder(const char* src, const char* dest, int (*filter)(CopyFolderItem* 
 void CreateMulvPath(const char* path);
 
 /*
- * Processes
+ * Processes. systemEx may run on several threads at once; CloseChildProcFd only where no other
+ * thread runs.
  */
 
 /*

@@ -7,7 +7,8 @@
  * means that nothing is written. Where none is passed, the function trusts its caller.
  *
  * A separator is one byte. Where it is passed as int, it is compared with the text's bytes as
- * values from 0 to 255: pass a separator above 0x7F unsigned, a negative one never matches.
+ * values from 0 to 255: pass a separator above 0x7F unsigned. A negative one never ends a part or a
+ * value. Pointers may be NULL only where a function says so.
  */
 #ifndef UTIL_TRSTRUTILS_H
 #define UTIL_TRSTRUTILS_H
@@ -42,7 +43,8 @@ char* SplitByChar(const char* text, char* first, char* rest, int separator);
  *
  * Good to know: when nothing follows (no separator, or it is the last byte) the value is not
  * copied. A single 0 is written at value[length of the stored key], wherever that lies, and all
- * other bytes of value keep their contents. Clear value before the call, and give it the room.
+ * other bytes of value keep their contents. Clear value before the call, and give it the room. With
+ * a key_size of 0 or below nothing is written then.
  */
 int SplitKeyValueByChar(const char* text, char* key, int key_size, char* value, int value_size,
                         char separator);
@@ -62,6 +64,7 @@ int SplitKeyValueByChar(const char* text, char* key, int key_size, char* value, 
  *  - A value of out_max bytes or more returns 0 as well: out then holds its first out_max bytes
  *    and no terminator.
  *  - Keys over 197 bytes are never found.
+ *  - Keys are found behind the low byte of separator, also where it ends no value.
  */
 int ExtractValue(const char* text, const char* key, int separator, char* out, int out_max);
 

@@ -28,7 +28,7 @@ void CreateMulvPath(const char* path) {
         prefix[i] = '\0';
         if (access(prefix, F_OK) != 0) {
             LOG(LOG_INFO, "create %d p=[%s]\n", i, prefix);
-            mkdir(prefix, kFolderMode);
+            (void)mkdir(prefix, kFolderMode);  // the next level fails too
         }
         prefix[i] = '/';
     }

@@ -13,7 +13,7 @@
 #include "util/fileutils/log_tag.h"
 
 DIR* gFolderDir;
-char gFolderName[256];
+char gFolderName[kFolderNameSize];
 
 namespace {
 
@@ -74,7 +74,7 @@ int TrGetFileName(struct dirent* entry_out, struct stat* status_out) {
 
 int TrCloseFolder(void) {
     if (gFolderDir != nullptr) {
-        closedir(gFolderDir);
+        (void)closedir(gFolderDir);  // nothing could be done about a failure
         gFolderDir = nullptr;
     }
     return 1;

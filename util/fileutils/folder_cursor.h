@@ -4,7 +4,9 @@
 
 #include <dirent.h>
 
-extern DIR* gFolderDir;        // nullptr when no folder is open
-extern char gFolderName[256];  // as given to the last TrOpenFolder, cut to 255 characters
+constexpr int kFolderNameSize = 256;
+
+extern DIR* gFolderDir;                    // nullptr when no folder is open
+extern char gFolderName[kFolderNameSize];  // as given to the last TrOpenFolder, cut
 
 #endif

@@ -42,8 +42,8 @@ int systemEx(const char* command) {
 int CloseChildProcFd(int pid) {
     char path[kPathSize] = {};
     snprintf(path, sizeof path, "/%s/%d/%s/", "proc", pid, "fd");
-    // The folder's own descriptor is among those that are closed; reading then ends, and closing
-    // the folder fails without harm.
+    // The folder's own descriptor is among those that are closed. What was read by then is still
+    // gone through, the next read fails, and so does closing the folder, without harm.
     const UniqueDir folder(opendir(path));
     if (!folder) {
         LOG(LOG_WARNING, "Couldn't open the directory.");

@@ -64,7 +64,7 @@ int GetLocalTime(int calendar_mode, TTime* out) {
     // The shared record itself: callers that hold its address read the converted date there.
     TTime* const shared = localtime(&now);
     if (!IsShownYear(*shared)) {
-        shared->tm_year = 2000;  // not 100: callers test for it
+        shared->tm_year = 2000;  // not 100: kept exactly so
     }
     ChrisTmToLocalTm(calendar_mode, shared);
     return 1;

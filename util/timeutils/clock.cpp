@@ -26,7 +26,7 @@ TTime LocalNow() {
 void SetClock(int seconds) {
     struct timeval now = {};
     struct timezone zone = {};
-    gettimeofday(&now, &zone);
+    (void)gettimeofday(&now, &zone);  // without a zone, none is set
     now.tv_sec = seconds;
     now.tv_usec = 0;
     if (settimeofday(&now, &zone) != 0 && errno == EINVAL) {
@@ -36,7 +36,7 @@ void SetClock(int seconds) {
 
 }  // namespace
 
-int GetCurDateTime(char* dst, int size, int kind, int code) {
+int GetCurDateTime(char* dst, int size, int text_type, int code) {
     if (dst == nullptr) {
         return -1;
     }
@@ -45,7 +45,7 @@ int GetCurDateTime(char* dst, int size, int kind, int code) {
     if (!IsShownYear(now)) {
         now.tm_year = kTmYear2000;
     }
-    return TTimeToStr(now, dst, size, kind, code);
+    return TTimeToStr(now, dst, size, text_type, code);
 }
 
 int GetCurDate(char* dst, int size, int code) {
@@ -79,10 +79,10 @@ void GetTime(TTime* out) {
 
 int SyncSysTime(TTime* rec) {
     LOG(LOG_DEBUG, "set time test by qhm begin");
-    systemEx("date");
+    (void)systemEx("date");  // prints the old time; a failure does no harm
     const auto seconds = static_cast<int>(EncodeTime(rec));
-    SetClock(WrappingAdd(seconds, 1));  // the second that passes until the clock is set
-    systemEx("date");
+    SetClock(WrappingAdd(seconds, 1));  // a second ahead, on purpose
+    (void)systemEx("date");
     LOG(LOG_DEBUG, "set time test by qhm end");
     return 1;
 }

@@ -15,6 +15,7 @@ constexpr int kTextSize = 40;
 constexpr size_t kNameLength = 3;
 constexpr const char* kMonthNames[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                        "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+static_assert(std::size(kMonthNames) == 12);
 
 // [1, 12], or 0 for an unknown name.
 int MonthOf(const char* word) {
@@ -37,7 +38,8 @@ int ConvertCompileDate(const char* text, char* dst, int size) {
     char word[kTextSize] = {};  // as long as the text, although names have three letters
     long day_number = 0;
     long year_number = 0;
-    sscanf(date, "%s %ld %ld", word, &day_number, &year_number);
+    // What is missing stays 0.
+    (void)sscanf(date, "%s %ld %ld", word, &day_number, &year_number);
     const int month = MonthOf(word);
     const int day = SaturateToInt(day_number);
     const int year = SaturateToInt(year_number);

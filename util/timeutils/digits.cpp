@@ -1,4 +1,4 @@
-// Digits and small numbers in clock texts.
+// Digits, clock times as numbers, and numbers in texts.
 
 #include <cstdio>
 

@@ -23,7 +23,7 @@ constexpr char kInterface[] = "eth0";
 constexpr int kTextSize = sizeof "00:1a:2b:3c:4d:5e";
 constexpr int kAttempts = 500;
 constexpr unsigned int kPauseMs = 100;
-constexpr int kLoggedByte = 3;  // the first one that differs between terminals
+constexpr int kLoggedByte = 3;  // the first one behind the manufacturer's prefix
 
 enum { kFormText = 1, kFormFullBytes = 2 };
 
@@ -32,7 +32,8 @@ int OpenSocket() {
 }
 
 struct ifreq RequestFor(const char* interface) {
-    struct ifreq request = {};
+    struct ifreq request;
+    memset(&request, 0, sizeof request);  // {} clears one member of its unions only
     snprintf(request.ifr_name, sizeof request.ifr_name, "%s", interface);
     return request;
 }

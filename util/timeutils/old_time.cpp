@@ -1,4 +1,4 @@
-// The old packed time: every month has 31 days and every year 372. Stored data depends on it.
+// The old packed time: every month has 31 days and every year 372, on purpose.
 
 #include "util/timeutils.h"
 #include "util/wrapping.h"
@@ -27,11 +27,11 @@ int OldEncodeTime(const TTime* rec) {
     return WrapToInt32(days * kSecondsPerDay + minutes * kSecondsPerMinute + field(rec->tm_sec));
 }
 
-TTime* OldDecodeTime(int v, TTime* out) {
-    const int days = v / kSecondsPerDay;
-    out->tm_sec = v % kSecondsPerMinute;
-    out->tm_min = v / kSecondsPerMinute % kMinutesPerHour;
-    out->tm_hour = v / kSecondsPerHour % kHoursPerDay;
+TTime* OldDecodeTime(int packed_time, TTime* out) {
+    const int days = packed_time / kSecondsPerDay;
+    out->tm_sec = packed_time % kSecondsPerMinute;
+    out->tm_min = packed_time / kSecondsPerMinute % kMinutesPerHour;
+    out->tm_hour = packed_time / kSecondsPerHour % kHoursPerDay;
     out->tm_mday = days % kDaysPerMonth + 1;
     out->tm_mon = days / kDaysPerMonth % kMonthsPerYear;
     out->tm_year = days / kDaysPerYear + kFirstTmYear;

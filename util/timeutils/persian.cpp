@@ -38,7 +38,8 @@ double YearOfCycle(double day_of_cycle) {
 }  // namespace
 
 int IsPersianLeap(int year) {
-    // Year 0 counts here among those before the epoch, unlike in PersianToJd: callers know both.
+    // Year 0 counts here among those before the epoch, unlike in PersianToJd, as in the
+    // published algorithm.
     const int base = WrappingSub(year, year > 0 ? kCycleStart : kCycleStart - 1);
     const int leap_phase = base % kCycleYears * kLeapYears + (kCycleStart + 38) * kLeapYears;
     return leap_phase % kLeapPeriod < kLeapYears ? 1 : 0;

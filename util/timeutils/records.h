@@ -12,15 +12,15 @@ constexpr int kTmYear2037 = 2037 - kTmYearBase;
 // A date of any calendar, with the full year.
 struct CalendarDate {
     int year;
-    int month;  // [1, 12]
-    int day;    // [1, 31]
+    int month;  // from 1; not checked
+    int day;    // from 1; not checked
 };
 
 inline CalendarDate DateOf(const TTime& rec) {
     return {WrappingAdd(rec.tm_year, kTmYearBase), WrappingAdd(rec.tm_mon, 1), rec.tm_mday};
 }
 
-// Clocks outside the years 2000 to 2037 are taken for clocks that were never set.
+// The years that clock texts and GetLocalTime leave as they are.
 inline bool IsShownYear(const TTime& rec) {
     return rec.tm_year >= kTmYear2000 && rec.tm_year <= kTmYear2037;
 }

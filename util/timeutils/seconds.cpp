@@ -1,4 +1,4 @@
-// Seconds counts decoded, and as fixed texts.
+// Seconds counts decoded, and records read from and written as fixed texts.
 
 #include <sys/sysinfo.h>
 
@@ -17,32 +17,32 @@ constexpr char kDateTimePattern[] = "%Y-%m-%dT%H:%M:%S";
 // A text in another form leaves fields unread; they are then 0.
 TTime RecordOf(const char* text) {
     TTime rec = {};
-    StrTimeToTTime(&rec, text);
+    (void)StrTimeToTTime(&rec, text);  // whatever could be read counts
     return rec;
 }
 
-int WriteLocalTime(char* buf, int size, const char* pattern, time_t t) {
+int WriteLocalTime(char* buf, int size, const char* pattern, time_t seconds) {
     if (buf == nullptr) {
         return 0;
     }
     TTime rec;
-    DecodeTime(&rec, t);
+    DecodeTime(&rec, seconds);
     memset(buf, 0, BufferSize(size));
-    strftime(buf, BufferSize(size), pattern, &rec);
+    (void)strftime(buf, BufferSize(size), pattern, &rec);  // what does not fit is left out
     return 1;
 }
 
 }  // namespace
 
-TTime* DecodeTime(TTime* out, time_t t) {
-    const time_t seconds = WrapToInt32(t);
-    *out = *localtime(&seconds);
+TTime* DecodeTime(TTime* out, time_t seconds) {
+    const time_t low_seconds = WrapToInt32(seconds);  // 32 bits, also where time_t has 64
+    *out = *localtime(&low_seconds);
     return out;
 }
 
 int GetSysSecond(void) {
     struct sysinfo info = {};
-    sysinfo(&info);
+    (void)sysinfo(&info);  // without an answer it stays 0
     return WrapToInt32(info.uptime);
 }
 
@@ -50,7 +50,7 @@ int StrTimeToTm(struct tm* rec, const char* text) {
     if (text == nullptr) {
         return 0;
     }
-    strptime(text, kDatePattern, rec);
+    (void)strptime(text, kDatePattern, rec);  // what does not match keeps its value
     return 1;
 }
 
@@ -58,7 +58,7 @@ int StrTimeToTTime(TTime* rec, const char* text) {
     if (rec == nullptr || text == nullptr) {
         return 0;
     }
-    strptime(text, kDateTimePattern, rec);
+    (void)strptime(text, kDateTimePattern, rec);  // what does not match keeps its value
     return 1;
 }
 
@@ -78,10 +78,10 @@ int OldStrTimeToSec(const char* text) {
     return OldEncodeTime(&rec);
 }
 
-int SecToHMTime(char* buf, int size, time_t t) {
-    return WriteLocalTime(buf, size, kTimePattern, t);
+int SecToHMTime(char* buf, int size, time_t seconds) {
+    return WriteLocalTime(buf, size, kTimePattern, seconds);
 }
 
-int SecToYMDTime(char* buf, int size, time_t t) {
-    return WriteLocalTime(buf, size, kDatePattern, t);
+int SecToYMDTime(char* buf, int size, time_t seconds) {
+    return WriteLocalTime(buf, size, kDatePattern, seconds);
 }

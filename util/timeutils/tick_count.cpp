@@ -14,7 +14,7 @@ constexpr int kUsPerMs = 1000;
 
 int TrGetTickCount(void) {
     struct timeval now;
-    gettimeofday(&now, nullptr);
+    (void)gettimeofday(&now, nullptr);  // cannot fail with these arguments
     const auto seconds = static_cast<uint32_t>(now.tv_sec);
     const auto ms = static_cast<uint32_t>(now.tv_usec / kUsPerMs);
     return WrapToInt32(seconds * kMsPerSecond + ms);

@@ -1,0 +1,84 @@
+/* The clock, sleeping and ticks. The conventions are those of util/timeutils.h. */
+#ifndef UTIL_TIMEUTILS_CLOCK_H
+#define UTIL_TIMEUTILS_CLOCK_H
+
+#include "util/timeutils/types.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+#pragma GCC visibility push(default)
+
+/*
+ * The clock, in local time. Where a clock text would show a year outside 2000 to 2037, it shows
+ * 2000 instead, with month and day as they are. The readings go through the C library's shared
+ * record: not for two threads at once. Trmmsleep may run on any thread.
+ */
+
+/*
+ * Clears dst and writes the current time as text_type says, dates of type 1 in the layout of code.
+ *
+ * Returns 0, or -1 for a NULL dst.
+ *
+ * Good to know: in type 1 size only tells what is cleared; the sizes of FormatDate hold. An unknown
+ * type leaves dst empty.
+ */
+int GetCurDateTime(char* dst, int size, int text_type, int code);
+
+/* GetCurDateTime for the date in the layout of code. */
+int GetCurDate(char* dst, int size, int code);
+
+/* GetCurDateTime for the time as "08:09:10". */
+int GetCurTime(char* dst, int size);
+
+/* GetCurDateTime for the time as "08:09". */
+int GetCurTimeNoSec(char* dst, int size);
+
+/* Fills out with the current time. The year is never replaced here. */
+void GetClockDT(TClockDT* out);
+
+/* Fills out with the current time, trailing fields included. The year is never replaced here. */
+void GetTime(TTime* out);
+
+/*
+ * Sleeps for about ms milliseconds.
+ *
+ * Good to know: a signal does not end the sleep, but afterwards the time that has passed is known
+ * in whole seconds of the wall clock only. The sleep may then be up to a second too long or too
+ * short, and ends at the next signal when the clock was set back, or forward by more than ms.
+ */
+void Trmmsleep(unsigned int ms);
+
+/*
+ * Sets the system clock to rec, counted without zone as by EncodeTime, plus one second. The old and
+ * the new date are printed to standard output by the shell command "date".
+ *
+ * Returns 1, whether or not the clock could be set.
+ *
+ * Good to know: rec is brought into range and its tm_isdst set to -1. A record before 1970 or
+ * beyond 2038-01-19 03:14:07 asks for 1970-01-01 00:00:00, and the last second of that range for a
+ * time before 1970. Newer kernels refuse both, and the clock stays.
+ */
+int SyncSysTime(TTime* rec);
+
+/*
+ * Ticks: for measuring how long something took.
+ */
+
+/*
+ * Returns the wall clock as a count of milliseconds that wraps every 2^32 ms, about 49.7 days. It
+ * never fails.
+ *
+ * Good to know: only the difference of two ticks, taken in 32 bits, has a meaning. The count jumps
+ * when the clock is set.
+ */
+int TrGetTickCount(void);
+
+#pragma GCC visibility pop
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
