@@ -58,7 +58,7 @@ def apt(state, tool, *words, **options):
 
 
 def kernel_package(state):
-    """The package that holds the kernel and its modules."""
+    """The package that holds the kernel and its modules, for want of it the one that names it."""
     answer = apt(state, "apt-cache", "depends", "--important", KERNEL, stdout=subprocess.PIPE)
     names = [line.split()[1] for line in answer.stdout.splitlines() if "Depends:" in line]
     return f"{names[0].partition(':')[0]}:armhf" if names else KERNEL
@@ -97,6 +97,8 @@ def fetch():
             return missing
         for archive in sorted((work / "archives").glob("*.deb")):
             subprocess.run(["dpkg-deb", "-x", archive, work / "root"], check=True)
+        if not (work / "root/lib/modules").is_dir():
+            return [KERNEL]
         release, = os.listdir(work / "root/lib/modules")
         subprocess.run(["depmod", "-b", work / "root", release], check=True)
         os.rename(work / "root", unpacked())

@@ -22,7 +22,7 @@ if(ORVATOOL_SANITIZE)
 endif()
 
 # Calendars must give the same doubles on every target: no fused operations. _FORTIFY_SOURCE stays
-# off, because it renames the platform functions that other people's tools hook.
+# off, because it renames platform functions: tests and tools that hook them would miss the calls.
 add_library(product_flags INTERFACE)
 target_link_libraries(product_flags INTERFACE orvatool_flags)
 target_compile_options(
