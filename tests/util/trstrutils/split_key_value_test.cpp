@@ -208,3 +208,11 @@ TEST_F(SplitKeyValueByCharTest, AgreesWithTheNaiveOneOnRandomTexts) {
         ExpectAsNaive(text, random.Between(-3, 48), random.Between(-3, 48), separator);
     });
 }
+
+TEST(SplitKeyValueByChar, ValueMayBeTheTextItself) {
+    char text[] = "ab=cdefgh";
+    char key[sizeof text];
+    EXPECT_EQ(SplitKeyValueByChar(text, key, sizeof key, text, sizeof text, '='), 0);
+    EXPECT_STREQ(key, "ab");
+    EXPECT_STREQ(text, "cdefgh");
+}

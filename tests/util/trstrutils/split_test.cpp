@@ -149,3 +149,11 @@ TEST_F(SplitByCharTest, AgreesWithTheNaiveOneWhereTheSeparatorOccurs) {
         ExpectAsNaive(random.Text(kAlphabet, 40), separator);
     });
 }
+
+TEST(SplitByChar, RestMayBeTheTextItself) {
+    char text[] = "ab,cdefgh";
+    char first[sizeof text];
+    EXPECT_EQ(SplitByChar(text, first, text, ','), text + 7);
+    EXPECT_STREQ(first, "ab");
+    EXPECT_STREQ(text, "cdefgh");
+}
