@@ -6,6 +6,7 @@
 
 #include <cstdint>
 
+// Named in capitals like the levels: they are the log's own terms.
 constexpr int LOG_NAME_LEN = 24;  // bytes of a stored name, terminator included
 constexpr int LOG_MAX_THREADS = 5;
 

@@ -31,7 +31,7 @@ int UpdateSplashLogo(unsigned int value1, unsigned int value2) {
         printf("dlopen failed: %m\n");
         return -1;
     }
-    const auto init_env = reinterpret_cast<InitEnv>(dlsym(library.get(), kEntryPoint));
+    const auto init_env = reinterpret_cast<InitEnv>(dlsym(library.Get(), kEntryPoint));
     if (init_env == nullptr) {
         printf("bmp_manager_init_env not defined or exported in %s\n", kLibrary);
         return -2;

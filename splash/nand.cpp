@@ -2,6 +2,7 @@
 
 #include <sys/ioctl.h>
 
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -21,6 +22,10 @@ constexpr uint32_t kFirstPage = kBlock * kPagesPerBlock;
 constexpr uint32_t kPageCount = kPagesPerBlock + 1;  // one page of the next block goes along
 constexpr int kNumberOffset = 4;                     // in the first page
 constexpr uint8_t kErasedByte = 0xFF;
+
+// In the message without a device: neither a function's name nor a line of this file.
+constexpr char kShownFunction[] = "Nand_Block_isBad";
+constexpr int kShownLine = 390;
 
 using Page = uint8_t[kPageSize];
 
@@ -58,8 +63,8 @@ void WritePage(uint32_t number, const Page& page) {
 
 // Little-endian, on every machine.
 void StoreNumber(Page& page, uint32_t number) {
-    for (int i = 0; i < 4; ++i) {
-        page[kNumberOffset + i] = static_cast<uint8_t>(number >> (8 * i));
+    for (size_t i = 0; i < sizeof number; ++i) {
+        page[kNumberOffset + i] = static_cast<uint8_t>(number >> (CHAR_BIT * i));
     }
 }
 
@@ -69,8 +74,7 @@ int NandSetRote(const char* text) {
     const auto number = static_cast<uint32_t>(strtoul(text, nullptr, 0));
     printf("Rote=%s, %d\n", text, static_cast<int>(number));
     if (gGpioFd < 0) {
-        // Fixed texts: neither this function's name nor a line of this file.
-        printf(":%s:%d invalid operation!\n", "Nand_Block_isBad", 390);
+        printf(":%s:%d invalid operation!\n", kShownFunction, kShownLine);
     }
     Page pages[kPageCount];
     memset(pages, kErasedByte, sizeof pages);

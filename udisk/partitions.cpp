@@ -55,15 +55,15 @@ PartitionEntry* readPartitionList() {
     }
     buffer.Reset(malloc(kStreamBufferSize));
     if (buffer) {
-        (void)setvbuf(file.get(), static_cast<char*>(buffer.get()), _IOFBF, kStreamBufferSize);
+        (void)setvbuf(file.Get(), static_cast<char*>(buffer.Get()), _IOFBF, kStreamBufferSize);
     }
-    SkipHeader(file.get());
+    SkipHeader(file.Get());
 
     auto* list = static_cast<PartitionEntry*>(malloc(sizeof(PartitionEntry)));
     list[0].name = nullptr;
     size_t count = 0;
     char line[kLineSize];
-    while (fgets(line, sizeof line, file.get()) != nullptr) {
+    while (fgets(line, sizeof line, file.Get()) != nullptr) {
         int major;
         int minor;
         int32_t size_kib;

@@ -25,6 +25,8 @@ constexpr int kKibPerMibBits = 10;
 constexpr int kDevicePathSize = 261;  // "/dev/", a name of 255 characters, the terminator
 constexpr int kMountPathSize = 1024;
 
+enum { kMounted = 0, kNothingMounted = 1, kNoDevice = 2 };  // results of DoMountUdisk
+
 // The entries of the folder, "." and ".." included, or -1 when it cannot be listed.
 int CountSortedEntries(const char* folder) {
     struct dirent** entries;
@@ -85,15 +87,15 @@ int DoMountUdisk(void) {
     const UniqueMemory memory(readPartitionList());
     if (!IsUsbDiskPresent()) {
         LOG(LOG_INFO, "Insert udisk please\n");
-        return 2;
+        return kNoDevice;
     }
     DoUmount();
-    if (!DoLoopMount(static_cast<const PartitionEntry*>(memory.get()))) {
+    if (!DoLoopMount(static_cast<const PartitionEntry*>(memory.Get()))) {
         LOG(LOG_WARNING, "mounted failed\n");
-        return 1;
+        return kNothingMounted;
     }
     LOG(LOG_INFO, "mount successful\n");
-    return 0;
+    return kMounted;
 }
 
 void DoUmount(void) {

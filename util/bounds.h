@@ -19,9 +19,9 @@ constexpr int SaturateToInt(long value) {
     return value < INT_MIN ? INT_MIN : static_cast<int>(value);
 }
 
-// strtol in base 10.
 inline int ReadInt(const char* text) {
-    return SaturateToInt(strtol(text, nullptr, 10));
+    constexpr int kDecimal = 10;
+    return SaturateToInt(strtol(text, nullptr, kDecimal));
 }
 
 #endif

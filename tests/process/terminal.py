@@ -8,12 +8,14 @@ import re
 import subprocess
 import unittest
 from dataclasses import dataclass
+from pathlib import Path
 
 OUTPUT_FILE = "/mnt/ramdisk/output.txt"
 EXPORT_FOLDER = "/mnt/removable/tesmar_debug"
 OPTIONS_FILE = "/mnt/test/options.txt"
 TRACE_FILE = "/mnt/test/trace.txt"
 ROOT = "/mnt/test/root"
+LEAKS = Path(__file__).parents[1] / "lsan.supp"  # what may stay to the end of the process
 
 PARTITIONS = """major minor  #blocks  name
 
@@ -103,8 +105,7 @@ class TerminalTest(unittest.TestCase):
             "PROBE_TRACE": TRACE_FILE,
             "PROBE_MOUNT": self.mount_results,
             "PROBE_UMOUNT": self.umount_results,
-            # The candidates' names live to the end of the process by design.
-            "ASAN_OPTIONS": "detect_leaks=0",
+            "LSAN_OPTIONS": f"suppressions={LEAKS}:print_suppressions=0",
         }
         if self.errno_of_commands is not None:
             variables["PROBE_ERRNO"] = str(self.errno_of_commands)

@@ -47,10 +47,10 @@ int CopyFileContent(const char* dest, const char* src, void (*hook)(CopyStreams*
         return -1;
     }
     if (hook != nullptr) {
-        CopyStreams streams = {source.get(), destination.get()};
+        CopyStreams streams = {source.Get(), destination.Get()};
         hook(&streams);
     }
-    return CopyStream(source.get(), destination.get()) ? 1 : -1;
+    return CopyStream(source.Get(), destination.Get()) ? 1 : -1;
 }
 
 int FileCopy(const char* dest, const char* src) {
@@ -68,22 +68,22 @@ int FileCopy(const char* dest, const char* src) {
         perror(dest);
         return -1;
     }
-    (void)fseek(destination.get(), 0, SEEK_END);  // appending goes there all the same
-    if (!CopyStream(source.get(), destination.get())) {
+    (void)fseek(destination.Get(), 0, SEEK_END);  // appending goes there all the same
+    if (!CopyStream(source.Get(), destination.Get())) {
         LOG(LOG_WARNING, "Write picture data error!");
-        SyncByAddress(destination.get());
+        SyncByAddress(destination.Get());
         return -1;
     }
-    if (fflush(destination.get()) != 0) {
+    if (fflush(destination.Get()) != 0) {
         LOG(LOG_WARNING, "%m");
     }
-    const long source_size = ftell(source.get());
-    const long destination_size = ftell(destination.get());
+    const long source_size = ftell(source.Get());
+    const long destination_size = ftell(destination.Get());
     LOG(LOG_DEBUG, "src file size:%d dst file size:%d", static_cast<int>(source_size),
         static_cast<int>(destination_size));
     if (source_size != destination_size) {
         LOG(LOG_WARNING, "file size error");
     }
-    SyncByAddress(destination.get());
+    SyncByAddress(destination.Get());
     return 1;
 }

@@ -29,7 +29,7 @@ int GetFileCountOfFolder(const char* path) {
         return 0;
     }
     int count = 0;
-    while (readdir(folder.get()) != nullptr) {
+    while (readdir(folder.Get()) != nullptr) {
         ++count;
     }
     return count - kDotEntries;

@@ -16,12 +16,14 @@
 namespace {
 
 constexpr int kPathSize = 128;
+constexpr int kNoChild = -1;
+constexpr int kNoCommand = -2;
 
 }  // namespace
 
 int systemEx(const char* command) {
     if (command == nullptr) {
-        return -2;
+        return kNoCommand;
     }
     int status = 0;
     const pid_t child = vfork();
@@ -31,7 +33,7 @@ int systemEx(const char* command) {
         _exit(0);
     }
     if (child < 0) {
-        status = -1;
+        status = kNoChild;
         perror("vfork fail!!!\n");
     } else {
         (void)waitpid(child, &status, 0);  // an interrupted wait counts as success
@@ -49,7 +51,7 @@ int CloseChildProcFd(int pid) {
         LOG(LOG_WARNING, "Couldn't open the directory.");
         return 1;
     }
-    while (const struct dirent* entry = readdir(folder.get())) {
+    while (const struct dirent* entry = readdir(folder.Get())) {
         if (strcmp(entry->d_name, ".") != 0 && strcmp(entry->d_name, "..") != 0) {
             (void)close(ReadInt(entry->d_name));
         }

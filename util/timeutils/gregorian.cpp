@@ -17,10 +17,11 @@ constexpr int kMonthFactor = 367;
 constexpr int kMonthOffset = 362;
 constexpr int kMonthRounding = kMonthFactor + 6;  // for the way back
 constexpr int kMonthsPerYear = 12;
+constexpr int kMarch = 3;
 
 // The days that the months before miss of that count: none up to February.
 int MissingDays(int year, int month) {
-    if (month <= 2) {
+    if (month < kMarch) {
         return 0;
     }
     return IsGregorianLeap(year) ? 1 : 2;
@@ -68,8 +69,8 @@ int JdToGregorian(double jd, int* year, int* month, int* day) {
         *year = WrappingAdd(*year, 1);
     }
     const double day_of_year = midnight - GregorianToJd(*year, 1, 1);
-    const bool is_before_march = midnight < GregorianToJd(*year, 3, 1);
-    const int missing = is_before_march ? 0 : MissingDays(*year, 3);
+    const bool is_before_march = midnight < GregorianToJd(*year, kMarch, 1);
+    const int missing = is_before_march ? 0 : MissingDays(*year, kMarch);
     *month =
         ToInt(floor(((day_of_year + missing) * kMonthsPerYear + kMonthRounding) / kMonthFactor));
     *day = ToInt((midnight - GregorianToJd(*year, *month, 1)) + 1);

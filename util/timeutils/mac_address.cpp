@@ -59,7 +59,7 @@ int GetMac(void* buf, int size, int form) {
     }
     UniqueFd socket_fd(OpenSocket());
     unsigned char mac[kMacSize];
-    const int result = ReadMac(socket_fd.get(), RequestFor(kInterface), mac);
+    const int result = ReadMac(socket_fd.Get(), RequestFor(kInterface), mac);
     socket_fd.Reset(-1);
     if (result != 0) {
         LOG(LOG_WARNING, "get mac error:%m");
@@ -88,13 +88,13 @@ int set_mac_addr(const char* interface, const unsigned char* mac) {
     request.ifr_hwaddr.sa_family = ARPHRD_ETHER;
     int result = 0;
     for (int attempt = 1; attempt <= kAttempts; ++attempt) {
-        const int set_result = WriteMac(socket_fd.get(), request, mac);
+        const int set_result = WriteMac(socket_fd.Get(), request, mac);
         LOG(LOG_WARNING, "%m");  // after success too: whatever errno holds
         if (set_result != 0) {
             LOG(LOG_WARNING, "SIOCSIFHWADDR:%m");
         }
         unsigned char current[kMacSize];
-        result = ReadMac(socket_fd.get(), request, current);
+        result = ReadMac(socket_fd.Get(), request, current);
         LOG(LOG_WARNING, "%m");
         if (memcmp(current, mac, sizeof current) == 0) {
             break;

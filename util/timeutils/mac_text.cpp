@@ -10,6 +10,7 @@
 namespace {
 
 constexpr int kBase = 16;
+constexpr int kLetterValue = 10;  // of A
 constexpr int kMaxByte = 255;
 
 // The digit's value, or -1.
@@ -18,10 +19,10 @@ int HexDigitValue(char character) {
         return character - '0';
     }
     if (character >= 'a' && character <= 'f') {
-        return character - 'a' + 10;
+        return character - 'a' + kLetterValue;
     }
     if (character >= 'A' && character <= 'F') {
-        return character - 'A' + 10;
+        return character - 'A' + kLetterValue;
     }
     return -1;
 }

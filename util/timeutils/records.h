@@ -5,6 +5,11 @@
 #include "util/timeutils.h"
 #include "util/wrapping.h"
 
+#ifdef __arm__
+// The terminal's programs pass time_t by value: the build must agree with theirs on its width.
+static_assert(sizeof(time_t) == sizeof(int32_t));
+#endif
+
 constexpr int kTmYearBase = 1900;  // tm_year counts from here
 constexpr int kTmYear2000 = 2000 - kTmYearBase;
 constexpr int kTmYear2037 = 2037 - kTmYearBase;

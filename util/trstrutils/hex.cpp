@@ -8,16 +8,17 @@
 namespace {
 
 constexpr int kBase = 16;
+constexpr int kLetterValue = 10;  // of A
 
 // The digit's value; below 0 or above 15 for most characters that are none, but not for those from
 // ':' to '?', which stand behind '9' and count on from it.
 int LenientDigitValue(char character) {
     const auto code = static_cast<unsigned char>(character);
     if (code >= 'a') {
-        return code - 'a' + 10;
+        return code - 'a' + kLetterValue;
     }
     if (code > '@') {
-        return code - 'A' + 10;
+        return code - 'A' + kLetterValue;
     }
     return code - '0';
 }
@@ -30,10 +31,10 @@ bool IsDigitValue(int value) {
 uint32_t UncheckedDigitValue(int character) {
     const auto code = static_cast<uint32_t>(character);
     if (character >= 'A' && character <= 'F') {
-        return code - 'A' + 10;
+        return code - 'A' + kLetterValue;
     }
     if (character >= 'a' && character <= 'f') {
-        return code - 'a' + 10;
+        return code - 'a' + kLetterValue;
     }
     return code - '0';
 }

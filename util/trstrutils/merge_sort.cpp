@@ -18,7 +18,7 @@ void MergeSortByMerge(int* array, int lo, int mid, int hi) {
         LOG(LOG_WARNING, "Error:out of memory!");
         return;
     }
-    int* const merged = static_cast<int*>(memory.get());
+    int* const merged = static_cast<int*>(memory.Get());
     int* out = merged;
     const int* left = array + lo;
     const int* const left_end = array + mid + 1;
