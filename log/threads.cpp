@@ -35,6 +35,7 @@ int SetLogProgName(const char* name) {
 }
 
 int RegisterLogThread(const char* name) {
+    // A full table answers first: a thread that holds a slot gets 0 then, too.
     if (gLogThreadCount >= LOG_MAX_THREADS) {
         return 0;
     }

@@ -26,6 +26,7 @@ using UniqueLibrary = UniqueHandle<void*, nullptr, dlclose>;
 }  // namespace
 
 int UpdateSplashLogo(unsigned int value1, unsigned int value2) {
+    // Unloaded on every way out, after the message.
     const UniqueLibrary library(dlopen(kLibrary, RTLD_NOW));
     if (!library) {
         printf("dlopen failed: %m\n");

@@ -87,6 +87,7 @@ int main(int argc, char* argv[]) {
     if (access(kExportFolder, F_OK) != 0) {
         (void)!system(kMakeExportFolder);  // a failure shows in the copy that follows
     }
+    // Nothing is flushed before the copy: what the stream still holds reaches the file at the end.
     char command[kCommandSize] = {};
     FormCopyCommand(command, serial);
     LOG(LOG_INFO, FormatOf(command), command);

@@ -89,7 +89,7 @@ int DoMountUdisk(void) {
         LOG(LOG_INFO, "Insert udisk please\n");
         return kNoDevice;
     }
-    DoUmount();
+    DoUmount();  // of an earlier run's disk; that nothing was mounted does not matter
     if (!DoLoopMount(static_cast<const PartitionEntry*>(memory.Get()))) {
         LOG(LOG_WARNING, "mounted failed\n");
         return kNothingMounted;

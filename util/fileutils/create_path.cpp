@@ -25,6 +25,7 @@ void CreateMulvPath(const char* path) {
         if (prefix[i] != '/') {
             continue;
         }
+        // Empty for the first '/' of an absolute path, and tried like any other.
         prefix[i] = '\0';
         if (access(prefix, F_OK) != 0) {
             LOG(LOG_INFO, "create %d p=[%s]\n", i, prefix);

@@ -23,6 +23,7 @@ int GetAssignEnvPath(const char* var, char* out, int size) {
 }
 
 char* GetEnvFilePath(const char* var, const char* file, char* out, int size) {
+    // No '/' in between: the folder ends in one.
     snprintf(out, BufferSize(size), "%s%s", DataFolder(var), file);
     return out;
 }

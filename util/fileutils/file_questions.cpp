@@ -21,6 +21,7 @@ int DiskSpaceUsed(const char* path) {
     if (statfs(path, &info) != 0 || info.f_blocks == 0) {
         return 0;
     }
+    // Blocks kept for the superuser are free but not available: they belong to neither part.
     const uint64_t used = uint64_t{info.f_blocks} - info.f_bfree;
     const uint64_t total = used + info.f_bavail;
     if (total == 0) {

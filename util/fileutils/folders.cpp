@@ -46,10 +46,11 @@ int CopyFolder(const char* src, const char* dest, int (*filter)(CopyFolderItem* 
     int copied = 0;
     while (TrGetFileName(&entry, &status) != 0) {
         LOG(LOG_INFO, "photName:%s, type:%d", entry.d_name, entry.d_type);
-        item.index = copied;
+        item.index = copied;  // not the entry's position: what is left out does not count
         if (filter != nullptr && filter(&item) < 0) {
             continue;
         }
+        // Both are cut silently. A command without its end fails or copies something else.
         char source[kSourceSize] = {};
         char command[kCommandSize] = {};
         snprintf(source, sizeof source, "%s/%s", src, entry.d_name);

@@ -30,7 +30,7 @@ int TimeTimeToInt(const char* text, int* out, int count) {
         const int digit = digitvalue(*text);
         if (digit >= 0) {
             value = WrappingAdd(WrappingMul(value, kDecimalBase), digit);
-            out[i] = value;
+            out[i] = value;  // at each digit: a group without digits leaves its number alone
             in_separator = false;
             continue;
         }

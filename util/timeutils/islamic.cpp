@@ -45,6 +45,7 @@ int JdToIslamic(double jd, int* year, int* month, int* day) {
 }
 
 int GetIslamicMonthDay(int year, int month) {
+    // Day 30 of a month of 29 days counts on to the next month.
     CalendarDate last;
     JdToIslamic(IslamicToJd(year, month, kLongMonthDays), &last.year, &last.month, &last.day);
     return last.month == month ? kLongMonthDays : kLongMonthDays - 1;

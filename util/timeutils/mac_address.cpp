@@ -38,7 +38,7 @@ struct ifreq RequestFor(const char* interface) {
     return request;
 }
 
-// 0, or -1 with errno; mac is then whatever the request held.
+// 0, or -1 with errno; mac is then what the request held, which is zeros.
 int ReadMac(int socket_fd, struct ifreq request, unsigned char (&mac)[kMacSize]) {
     const int result = ioctl(socket_fd, SIOCGIFHWADDR, &request);
     memcpy(mac, request.ifr_hwaddr.sa_data, sizeof mac);

@@ -78,6 +78,7 @@ int ParseStrToTTime(const char* text, TTime* out, int text_type, int code, int c
     } else if (text_type == TEXT_DATE_TIME) {
         ParseDateTime(text, code, calendar_mode, date, clock);
     }
+    // tm_sec stays: no text gives it.
     SetDate(out, date);
     out->tm_hour = clock.hour;
     out->tm_min = clock.minute;

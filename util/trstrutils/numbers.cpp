@@ -23,6 +23,7 @@ int str2int(const char* text, int default_value) {
     }
     uint32_t value = 0;  // wraps
     for (; *text != '\0'; ++text) {
+        // Also behind zeros, and behind digits whose value wrapped round to 0.
         if (*text == ' ' && value == 0) {
             continue;
         }
