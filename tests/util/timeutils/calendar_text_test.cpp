@@ -6,9 +6,9 @@
 #include <string>
 
 #include "tests/support/guarded_buffer.h"
+#include "tests/support/inputs.h"
 #include "tests/support/log_lines.h"
 #include "tests/util/timeutils/naive_texts.h"
-#include "tests/util/trstrutils/inputs.h"
 #include "util/timeutils.h"
 #include "util/timeutils/calendars.h"
 

@@ -7,9 +7,9 @@
 
 #include "tests/support/exact_copy.h"
 #include "tests/support/guarded_buffer.h"
+#include "tests/support/inputs.h"
 #include "tests/support/log_lines.h"
 #include "tests/util/timeutils/naive_texts.h"
-#include "tests/util/trstrutils/inputs.h"
 #include "util/timeutils.h"
 
 namespace {

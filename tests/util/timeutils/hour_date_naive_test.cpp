@@ -6,8 +6,8 @@
 
 #include "tests/support/exact_copy.h"
 #include "tests/support/guarded_buffer.h"
+#include "tests/support/inputs.h"
 #include "tests/util/timeutils/naive_texts.h"
-#include "tests/util/trstrutils/inputs.h"
 #include "util/timeutils.h"
 
 namespace {

@@ -6,10 +6,10 @@
 #include <string>
 
 #include "tests/support/exact_copy.h"
+#include "tests/support/inputs.h"
 #include "tests/util/timeutils/date_records.h"
 #include "tests/util/timeutils/layout_texts.h"
 #include "tests/util/timeutils/naive_texts.h"
-#include "tests/util/trstrutils/inputs.h"
 #include "util/timeutils.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <climits>
 #include <vector>
 
-#include "tests/util/trstrutils/inputs.h"
+#include "tests/support/inputs.h"
 #include "tests/util/trstrutils/naive.h"
 #include "util/trstrutils.h"
 

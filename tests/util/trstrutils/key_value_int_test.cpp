@@ -6,7 +6,7 @@
 #include <string>
 
 #include "tests/support/exact_copy.h"
-#include "tests/util/trstrutils/inputs.h"
+#include "tests/support/inputs.h"
 #include "tests/util/trstrutils/naive.h"
 #include "util/trstrutils.h"
 

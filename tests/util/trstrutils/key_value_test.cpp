@@ -7,7 +7,7 @@
 
 #include "tests/support/exact_copy.h"
 #include "tests/support/guarded_buffer.h"
-#include "tests/util/trstrutils/inputs.h"
+#include "tests/support/inputs.h"
 #include "tests/util/trstrutils/naive.h"
 #include "util/trstrutils.h"
 

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/inputs.h"
 #include "tests/support/log_lines.h"
 #include "tests/util/trstrutils/fake_heap.h"
-#include "tests/util/trstrutils/inputs.h"
 #include "tests/util/trstrutils/naive.h"
 #include "util/trstrutils.h"
 

@@ -1,6 +1,6 @@
 // Inputs in large numbers: every short text over an alphabet, and seeded random ones.
-#ifndef TESTS_UTIL_TRSTRUTILS_INPUTS_H
-#define TESTS_UTIL_TRSTRUTILS_INPUTS_H
+#ifndef TESTS_SUPPORT_INPUTS_H
+#define TESTS_SUPPORT_INPUTS_H
 
 #include <gtest/gtest.h>
 
