@@ -23,7 +23,7 @@ constexpr int kCommandSize = 128;
 
 void EnableLevels(const char* letters) {
     puts("Set Debug Level Message...[EIWD]");
-    (void)!system("cat /proc/version");  // a failure leaves the version out, nothing else
+    (void)system("cat /proc/version");  // a failure leaves the version out, nothing else
     SetLogLevelByStr(letters);
 }
 
@@ -66,7 +66,7 @@ unsigned int Now() {
 }  // namespace
 
 int main(int argc, char* argv[]) {
-    (void)!freopen(kOutputFile, "w", stdout);  // without the file the output is lost, no more
+    (void)freopen(kOutputFile, "w", stdout);  // without the file the output is lost, no more
     if (!ReadOptions(argc, argv)) {
         return 0;
     }
@@ -85,13 +85,13 @@ int main(int argc, char* argv[]) {
         return 0;
     }
     if (access(kExportFolder, F_OK) != 0) {
-        (void)!system(kMakeExportFolder);  // a failure shows in the copy that follows
+        (void)system(kMakeExportFolder);  // a failure shows in the copy that follows
     }
     // Nothing is flushed before the copy: what the stream still holds reaches the file at the end.
     char command[kCommandSize] = {};
     FormCopyCommand(command, serial);
     LOG(LOG_INFO, FormatOf(command), command);
-    (void)!system(command);  // a failure shows in the next line
+    (void)system(command);  // a failure shows in the next line
     LOG(LOG_INFO, "%m");
     DoUmount();
     return 0;

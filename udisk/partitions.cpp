@@ -25,7 +25,7 @@ bool IsUsbDiskName(const char* name) {
 void SkipHeader(FILE* file) {
     char line[kLineSize];
     for (int i = 0; i < kHeaderLines; ++i) {
-        (void)!fgets(line, sizeof line, file);  // at the end of the file the next read ends too
+        (void)fgets(line, sizeof line, file);  // at the end of the file the next read ends too
     }
 }
 
