@@ -8,6 +8,7 @@
 #include <cstdint>
 
 #include "tests/util/timeutils/any_int.h"
+#include "tests/util/timeutils/converted_date.h"
 #include "tests/util/timeutils/date_records.h"
 #include "tests/util/timeutils/plain_calendars.h"
 #include "util/timeutils.h"

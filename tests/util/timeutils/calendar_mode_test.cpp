@@ -7,6 +7,7 @@
 #include <type_traits>
 
 #include "tests/support/log_lines.h"
+#include "tests/util/timeutils/converted_date.h"
 #include "tests/util/timeutils/date_records.h"
 #include "util/timeutils.h"
 #include "util/timeutils/calendars.h"

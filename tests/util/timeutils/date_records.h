@@ -2,8 +2,6 @@
 #ifndef TESTS_UTIL_TIMEUTILS_DATE_RECORDS_H
 #define TESTS_UTIL_TIMEUTILS_DATE_RECORDS_H
 
-#include <gtest/gtest.h>
-
 #include <array>
 #include <cstring>
 #include <ctime>
@@ -65,15 +63,6 @@ inline std::array<int, 9> FieldsOf(const struct tm& rec) {
 
 inline bool SameBytes(const struct tm& a, const struct tm& b) {
     return memcmp(&a, &b, sizeof a) == 0;
-}
-
-// The date that a converter of records makes of another. It must change nothing else.
-inline Date Converted(struct tm* (*convert)(struct tm*), const Date& date) {
-    struct tm rec = MarkedRecord(date);
-    EXPECT_EQ(convert(&rec), &rec);
-    const Date result = DateIn(rec);
-    EXPECT_TRUE(SameBytes(rec, MarkedRecord(result))) << date;
-    return result;
 }
 
 #endif

@@ -5,6 +5,7 @@
 #include <climits>
 #include <type_traits>
 
+#include "tests/util/timeutils/converted_date.h"
 #include "tests/util/timeutils/date_records.h"
 #include "util/timeutils/calendars.h"
 
