@@ -55,6 +55,7 @@ PartitionEntry* readPartitionList() {
     }
     buffer.Reset(malloc(kStreamBufferSize));
     if (buffer) {
+        // A refusal leaves the stream's own buffer, which does as well.
         (void)setvbuf(file.Get(), static_cast<char*>(buffer.Get()), _IOFBF, kStreamBufferSize);
     }
     SkipHeader(file.Get());

@@ -36,8 +36,8 @@ bool To24Hours(char* buf, int size, char (&text)[kTextSize]) {
         hour = hour < kNoon ? hour + kNoon : hour;
     }
     snprintf(text, sizeof text, "%02d%.*s", hour, length - hour_width, buf + hour_width);
-    if (size >
-        0) {  // the cut is made in place, also beyond size; without a size nothing is written
+    // The cut is made in place, also where it lies beyond size; without a size nothing is written.
+    if (size > 0) {
         buf[length] = '\0';
     }
     return true;
