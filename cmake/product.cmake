@@ -1,8 +1,7 @@
 # What ships: the executable, made of two sets of objects. They are linked as objects, not as an
 # archive, because the terminal's other programs use much that the tool itself never calls.
 
-add_library(
-    library_objects OBJECT
+set(library_sources
     log/levels.cpp
     log/print_log.cpp
     log/threads.cpp
@@ -19,31 +18,31 @@ add_library(
     util/fileutils/folder_cursor.cpp
     util/fileutils/folders.cpp
     util/fileutils/processes.cpp
-    util/timeutils/calendar_mode.cpp
-    util/timeutils/clock.cpp
-    util/timeutils/compile_date.cpp
-    util/timeutils/date_text.cpp
-    util/timeutils/digits.cpp
-    util/timeutils/fields.cpp
-    util/timeutils/gregorian.cpp
-    util/timeutils/hour_text.cpp
-    util/timeutils/islamic.cpp
-    util/timeutils/mac_address.cpp
-    util/timeutils/mac_text.cpp
-    util/timeutils/mktime.cpp
-    util/timeutils/old_time.cpp
-    util/timeutils/persian.cpp
-    util/timeutils/record_text.cpp
-    util/timeutils/seconds.cpp
-    util/timeutils/sleep.cpp
-    util/timeutils/split_text.cpp
-    util/timeutils/tick_count.cpp
+    util/timeutils/calendars/calendar_mode.cpp
+    util/timeutils/calendars/calendar_text.cpp
+    util/timeutils/calendars/gregorian.cpp
+    util/timeutils/calendars/islamic.cpp
+    util/timeutils/calendars/persian.cpp
+    util/timeutils/clock/clock.cpp
+    util/timeutils/ethernet/mac_address.cpp
+    util/timeutils/texts/compile_date.cpp
+    util/timeutils/texts/date_text.cpp
+    util/timeutils/texts/fields.cpp
+    util/timeutils/texts/hour_text.cpp
+    util/timeutils/texts/record_text.cpp
+    util/timeutils/texts/split_text.cpp
+    util/timeutils/values/digits.cpp
+    util/timeutils/values/mktime.cpp
+    util/timeutils/values/old_time.cpp
+    util/timeutils/values/seconds.cpp
     util/trstrutils/hex.cpp
     util/trstrutils/in_place.cpp
     util/trstrutils/key_value.cpp
     util/trstrutils/merge_sort.cpp
     util/trstrutils/numbers.cpp
     util/trstrutils/split.cpp)
+
+add_library(library_objects OBJECT ${library_sources})
 target_link_libraries(library_objects PRIVATE product_flags)
 # -fPIC, also for what ends in an executable: -fPIE would export copies of libc's data.
 set_target_properties(library_objects PROPERTIES POSITION_INDEPENDENT_CODE ON)

@@ -25,11 +25,10 @@
 #ifndef UTIL_TIMEUTILS_H
 #define UTIL_TIMEUTILS_H
 
-#include "util/timeutils/calendar_dates.h"
+#include "util/timeutils/calendars.h"
 #include "util/timeutils/clock.h"
-#include "util/timeutils/date_texts.h"
 #include "util/timeutils/ethernet.h"
-#include "util/timeutils/time_values.h"
-#include "util/timeutils/types.h"
+#include "util/timeutils/texts.h"
+#include "util/timeutils/values.h"
 
 #endif

@@ -1,7 +1,7 @@
 // ConvertCompileDate.
 
 #include "tests/fuzz/input.h"
-#include "tests/util/timeutils/naive_texts.h"
+#include "tests/util/timeutils/texts/naive_texts.h"
 #include "util/timeutils.h"
 
 namespace {

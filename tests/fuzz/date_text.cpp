@@ -1,7 +1,7 @@
 // DeFormatDate, FmtDateToStandardDate and StandardDateToFmtDate.
 
 #include "tests/fuzz/input.h"
-#include "tests/util/timeutils/naive_texts.h"
+#include "tests/util/timeutils/texts/naive_texts.h"
 #include "util/timeutils.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

@@ -1,7 +1,7 @@
 // HourTimeFormatToCurMode and HourTimeFormatTo24Mode.
 
 #include "tests/fuzz/input.h"
-#include "tests/util/timeutils/naive_texts.h"
+#include "tests/util/timeutils/texts/naive_texts.h"
 #include "util/timeutils.h"
 
 namespace {

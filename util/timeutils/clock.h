@@ -2,7 +2,19 @@
 #ifndef UTIL_TIMEUTILS_CLOCK_H
 #define UTIL_TIMEUTILS_CLOCK_H
 
-#include "util/timeutils/types.h"
+#include "util/timeutils/values.h"
+
+/* The clock as eight small numbers. */
+typedef struct TClockDT {
+    unsigned short year;        /* as in 2024 */
+    unsigned short month;       /* [1, 12] */
+    unsigned short day;         /* [1, 31] */
+    unsigned short hour;        /* [0, 23] */
+    unsigned short minute;      /* [0, 59] */
+    unsigned short second;      /* [0, 59] */
+    unsigned short day_of_week; /* [0, 6], Sunday is 0 */
+    unsigned short day_of_year; /* [1, 366] */
+} TClockDT;
 
 #ifdef __cplusplus
 extern "C" {
@@ -42,6 +54,16 @@ void GetClockDT(TClockDT* out);
 void GetTime(TTime* out);
 
 /*
+ * Converts the local time of now to the calendar, inside the C library's shared record.
+ *
+ * Returns 1, or 0 for a NULL out.
+ *
+ * Good to know: nothing is written to out. The result stands in the record that localtime returns,
+ * until its next call. Outside the years 2000 to 2037 tm_year is set to 2000 itself first.
+ */
+int GetLocalTime(int calendar_mode, TTime* out);
+
+/*
  * Sleeps for about ms milliseconds.
  *
  * Good to know: a signal does not end the sleep, but afterwards the time that has passed is known
@@ -63,7 +85,7 @@ void Trmmsleep(unsigned int ms);
 int SyncSysTime(TTime* rec);
 
 /*
- * Ticks: for measuring how long something took.
+ * Counts of time: ticks, for measuring how long something took, and the system's uptime.
  */
 
 /*
@@ -74,6 +96,9 @@ int SyncSysTime(TTime* rec);
  * when the clock is set.
  */
 int TrGetTickCount(void);
+
+/* Returns the seconds since the system booted, or 0 when the system does not tell. */
+int GetSysSecond(void);
 
 #pragma GCC visibility pop
 

@@ -11,8 +11,6 @@ static_assert(sizeof(time_t) == sizeof(int32_t));
 #endif
 
 constexpr int kTmYearBase = 1900;  // tm_year counts from here
-constexpr int kTmYear2000 = 2000 - kTmYearBase;
-constexpr int kTmYear2037 = 2037 - kTmYearBase;
 
 // A date of any calendar, with the full year.
 struct CalendarDate {
@@ -23,11 +21,6 @@ struct CalendarDate {
 
 inline CalendarDate DateOf(const TTime& rec) {
     return {WrappingAdd(rec.tm_year, kTmYearBase), WrappingAdd(rec.tm_mon, 1), rec.tm_mday};
-}
-
-// The years that clock texts and GetLocalTime leave as they are.
-inline bool IsShownYear(const TTime& rec) {
-    return rec.tm_year >= kTmYear2000 && rec.tm_year <= kTmYear2037;
 }
 
 // Writes the three date fields and leaves all others.

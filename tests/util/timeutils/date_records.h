@@ -3,6 +3,7 @@
 #define TESTS_UTIL_TIMEUTILS_DATE_RECORDS_H
 
 #include <array>
+#include <cstdint>
 #include <cstring>
 #include <ctime>
 #include <ostream>
@@ -26,13 +27,14 @@ struct Clock {
     int second = 0;
 };
 
-// Sums wrap, so that every tm_year and tm_mon has its date.
-inline int WrappingSum(int a, int b) {
-    return static_cast<int>(static_cast<unsigned>(a) + static_cast<unsigned>(b));
+// The low 32 bits, as a signed number.
+inline int Cut(int64_t value) {
+    return static_cast<int>(static_cast<uint32_t>(value));
 }
 
 inline Date DateIn(const struct tm& rec) {
-    return {WrappingSum(rec.tm_year, 1900), WrappingSum(rec.tm_mon, 1), rec.tm_mday};
+    // Sums wrap, so that every tm_year and tm_mon has its date.
+    return {Cut(int64_t{rec.tm_year} + 1900), Cut(int64_t{rec.tm_mon} + 1), rec.tm_mday};
 }
 
 // Every byte besides the date is kMark, padding and trailing fields included.
@@ -41,8 +43,8 @@ constexpr int kMark = 0x5A5A5A5A;
 inline struct tm MarkedRecord(const Date& date) {
     struct tm rec;
     memset(&rec, 0x5A, sizeof rec);
-    rec.tm_year = WrappingSum(date.year, -1900);
-    rec.tm_mon = WrappingSum(date.month, -1);
+    rec.tm_year = Cut(int64_t{date.year} - 1900);
+    rec.tm_mon = Cut(int64_t{date.month} - 1);
     rec.tm_mday = date.day;
     return rec;
 }

@@ -1,0 +1,149 @@
+// ParseDate, ParseTime, ParseTimeNoSec and ParseDateNoYear.
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "tests/support/exact_copy.h"
+#include "tests/support/guarded_buffer.h"
+#include "tests/support/inputs.h"
+#include "tests/util/timeutils/texts/naive_texts.h"
+#include "util/timeutils.h"
+
+namespace {
+
+constexpr int kUntouched = -777;
+
+// One of the four functions, with its outputs in an array.
+struct Splitter {
+    const char* name;
+    char separator;
+    size_t count;
+    std::function<void(char* text, int* numbers)> call;
+};
+
+const Splitter kSplitters[] = {
+    {"ParseDate", '-', 3, [](char* t, int* n) { ParseDate(t, &n[0], &n[1], &n[2]); }},
+    {"ParseTime", ':', 3, [](char* t, int* n) { ParseTime(t, &n[0], &n[1], &n[2]); }},
+    {"ParseTimeNoSec", ':', 2, [](char* t, int* n) { ParseTimeNoSec(t, &n[0], &n[1]); }},
+    {"ParseDateNoYear", '-', 2, [](char* t, int* n) { ParseDateNoYear(t, &n[0], &n[1]); }},
+};
+
+// In texts of the tests '|' stands for the separator and, in expectations, '0' for a terminator
+// where the separator was.
+void ExpectSplit(const Splitter& splitter, std::string text, const std::vector<int>& numbers,
+                 const std::vector<size_t>& overwritten) {
+    for (char& byte : text) {
+        byte = byte == '|' ? splitter.separator : byte;
+    }
+    SCOPED_TRACE(splitter.name + (" " + text));
+    GuardedBuffer buf(48, Terminated(text));
+    std::vector<int> got(splitter.count, kUntouched);
+    splitter.call(buf.data(), got.data());
+    std::vector<int> expected = numbers;
+    expected.resize(splitter.count, kUntouched);
+    EXPECT_EQ(got, expected);
+    for (size_t i = 0; i < overwritten.size() && i + 1 < splitter.count; ++i) {
+        text[overwritten[i]] = '\0';
+    }
+    buf.ExpectHolds(Terminated(text));
+}
+
+void CompareWithNaive(const Splitter& splitter, const std::string& text) {
+    GuardedBuffer buf(48, Terminated(text));
+    std::vector<int> numbers(splitter.count, kUntouched);
+    const naive::Split expected = naive::SplitNumbers(text, splitter.separator, numbers);
+    splitter.call(buf.data(), numbers.data());
+    ASSERT_EQ(numbers, expected.numbers) << splitter.name << " \"" << text << '"';
+    buf.ExpectHolds(Terminated(expected.bytes));
+    ASSERT_FALSE(testing::Test::HasFailure()) << splitter.name << " \"" << text << '"';
+}
+
+}  // namespace
+
+TEST(Splitters, ReadTheNumbersAndOverwriteTheSeparators) {
+    for (const Splitter& splitter : kSplitters) {
+        ExpectSplit(splitter, "08|09|10",
+                    splitter.count == 3 ? std::vector{8, 9, 10} : std::vector{8, 9}, {2, 5});
+    }
+    ExpectSplit(kSplitters[0], "2024|05|07", {2024, 5, 7}, {4, 7});
+}
+
+TEST(Splitters, LeaveWhatStandsBehindTheLastNumber) {
+    ExpectSplit(kSplitters[0], "1|2|3|4|5", {1, 2, 3}, {1, 3});
+    ExpectSplit(kSplitters[1], "1|2|3|4|5", {1, 2, 3}, {1, 3});
+    ExpectSplit(kSplitters[2], "1|2|3|4|5", {1, 2}, {1});
+    ExpectSplit(kSplitters[3], "1|2|3|4|5", {1, 2}, {1});
+}
+
+TEST(Splitters, AMissingSeparatorLeavesTheOutputsNotReached) {
+    for (const Splitter& splitter : kSplitters) {
+        ExpectSplit(splitter, "2024|05", {2024, 5}, {4});
+        ExpectSplit(splitter, "2024", {2024}, {});
+        ExpectSplit(splitter, "2024/05.07", {2024}, {});
+    }
+    ExpectSplit(kSplitters[0], "12:30:45", {12}, {});
+    ExpectSplit(kSplitters[1], "2024-05-07", {2024}, {});
+}
+
+TEST(Splitters, MissingNumbersAre0) {
+    for (const Splitter& splitter : kSplitters) {
+        ExpectSplit(splitter, "", {0}, {});
+        ExpectSplit(splitter, "x", {0}, {});
+        ExpectSplit(splitter, "5|", {5, 0}, {1});
+        ExpectSplit(splitter, "x|y", {0, 0}, {1});
+        ExpectSplit(splitter, "3x|4y", {3, 4}, {2});
+        ExpectSplit(splitter, " 3 | +4 ", {3, 4}, {3});
+    }
+    ExpectSplit(kSplitters[1], "::", {0, 0, 0}, {0, 1});
+    ExpectSplit(kSplitters[1], "-1:-2:-3", {-1, -2, -3}, {2, 5});
+}
+
+TEST(Splitters, ADashInFrontIsASignAndASeparator) {
+    ExpectSplit(kSplitters[0], "-5-6", {-5, 5, 6}, {0, 2});
+    ExpectSplit(kSplitters[0], "2024--5", {2024, -5, 5}, {4, 5});
+    ExpectSplit(kSplitters[3], "-5-6", {-5, 5}, {0});
+}
+
+TEST(Splitters, NumbersStopAtTheLimitsOf32Bits) {
+    ExpectSplit(kSplitters[1], "2147483647:2147483648:99999999999999999999",
+                {INT_MAX, INT_MAX, INT_MAX}, {10, 21});
+    ExpectSplit(kSplitters[1], "-2147483648:-2147483649:4294967297", {INT_MIN, INT_MIN, INT_MAX},
+                {11, 23});
+}
+
+TEST(Splitters, ANullTextChangesNothing) {
+    for (const Splitter& splitter : kSplitters) {
+        std::vector<int> numbers(splitter.count, kUntouched);
+        splitter.call(nullptr, numbers.data());
+        EXPECT_EQ(numbers, std::vector<int>(splitter.count, kUntouched));
+    }
+}
+
+TEST(Splitters, ReadNothingBehindTheTerminator) {
+    const std::string text = "2024:05-07:08-09";
+    for (size_t length = 0; length <= text.size(); ++length) {
+        for (const Splitter& splitter : kSplitters) {
+            int numbers[3];
+            splitter.call(ExactCopy(text.substr(0, length)).get(), numbers);
+            EXPECT_EQ(numbers[0], naive::Number(text.substr(0, length)));
+        }
+    }
+}
+
+TEST(Splitters, AgreeWithTheNaiveOnesOnAllShortTexts) {
+    for (const Splitter& splitter : kSplitters) {
+        CheckAllTexts("07-: x", 5,
+                      [&](const std::string& text) { CompareWithNaive(splitter, text); });
+    }
+}
+
+TEST(Splitters, AgreeWithTheNaiveOnesOnRandomTexts) {
+    CheckRandom(20240507, [](Random& random) {
+        const Splitter& splitter = kSplitters[random.Between(0, 3)];
+        CompareWithNaive(splitter, random.Text("0123456789-::- +x", 40));
+    });
+}

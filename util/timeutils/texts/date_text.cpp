@@ -1,0 +1,130 @@
+// Dates in ten layouts.
+
+#include <cstdio>
+#include <iterator>
+
+#include "util/bounds.h"
+#include "util/timeutils.h"
+#include "util/timeutils/texts/fields.h"
+
+namespace {
+
+// Where the fields stand in a text. Each field has two characters, but for the year of the
+// standard form, which has four.
+struct DateLayout {
+    int year;
+    int month;
+    int day;
+    char separator;
+};
+
+constexpr DateLayout kLayouts[] = {
+    {0, 3, 6, '-'},  // 0  24-05-07
+    {0, 3, 6, '/'},  // 1  24/05/07
+    {0, 3, 6, '.'},  // 2  24.05.07
+    {6, 0, 3, '-'},  // 3  05-07-24
+    {6, 0, 3, '/'},  // 4  05/07/24
+    {6, 0, 3, '.'},  // 5  05.07.24
+    {6, 3, 0, '-'},  // 6  07-05-24
+    {6, 3, 0, '/'},  // 7  07/05/24
+    {6, 3, 0, '.'},  // 8  07.05.24
+    {0, 5, 8, '-'},  // 9  2024-05-07
+};
+constexpr int kLayoutCount = 10;
+static_assert(std::size(kLayouts) == kLayoutCount);
+
+constexpr int kStandardCode = 9;
+constexpr char kStandardPattern[] = "%04d-%02d-%02d";
+constexpr int kSeparatorPositions[] = {2, 5};
+constexpr int kCentury = 100;
+constexpr int kFieldWidth = 2;
+constexpr int kLongYearWidth = 4;
+
+constexpr int kLastPersian1400s = 16;    // greater two-digit years belong to the century before
+constexpr int kLastGregorian2000s = 37;  // likewise
+
+// The index of the code's layout. Negative codes put the year first, with '-' or '.'.
+int LayoutIndex(int code) {
+    const int index = code % kLayoutCount;
+    if (index >= 0) {
+        return index;
+    }
+    return index % 3 == 0 ? 0 : 2;
+}
+
+// The full year for the two digits of a text.
+int WidenYear(int year, int calendar_mode) {
+    switch (calendar_mode) {
+        case CALENDAR_PERSIAN:
+            return year > kLastPersian1400s ? 1300 + year : 1400 + year;
+        case CALENDAR_ISLAMIC:
+            return 1400 + year;
+        default:
+            return year > kLastGregorian2000s ? 1900 + year : 2000 + year;
+    }
+}
+
+}  // namespace
+
+int FormatDate(char* dst, int code, int year, int month, int day) {
+    if (dst == nullptr) {
+        return 0;
+    }
+    const int index = LayoutIndex(code);
+    if (index == kStandardCode) {
+        sprintf(dst, kStandardPattern, year, month, day);
+        return 0;
+    }
+    const DateLayout& layout = kLayouts[index];
+    const char* const pattern = "%02d-%02d-%02d";
+    const int short_year = year % kCentury;
+    if (layout.year == 0) {
+        sprintf(dst, pattern, short_year, month, day);
+    } else if (layout.month == 0) {
+        sprintf(dst, pattern, month, day, short_year);
+    } else {
+        sprintf(dst, pattern, day, month, short_year);
+    }
+    for (const int position : kSeparatorPositions) {
+        dst[position] = layout.separator;  // also over a wide field
+    }
+    return 0;
+}
+
+int DeFormatDate(const char* text, int code, int calendar_mode, int* year, int* month, int* day) {
+    const int index = LayoutIndex(code);
+    const DateLayout& layout = kLayouts[index];
+    if (index == kStandardCode) {
+        *year = ReadField(text, layout.year, kLongYearWidth);
+    } else {
+        *year = WidenYear(ReadField(text, layout.year, kFieldWidth), calendar_mode);
+    }
+    *month = ReadField(text, layout.month, kFieldWidth);
+    *day = ReadField(text, layout.day, kFieldWidth);
+    return 1;
+}
+
+int FmtDateToStandardDate(char* buf, int size, int code, int calendar_mode) {
+    if (buf == nullptr) {
+        return 0;
+    }
+    int year;
+    int month;
+    int day;
+    DeFormatDate(buf, code, calendar_mode, &year, &month, &day);
+    snprintf(buf, BufferSize(size), kStandardPattern, year, month, day);
+    return 1;
+}
+
+int StandardDateToFmtDate(char* buf, int size, int code, int calendar_mode) {
+    (void)size;  // callers pass it; the layouts have sizes of their own
+    if (buf == nullptr) {
+        return 0;
+    }
+    int year;
+    int month;
+    int day;
+    DeFormatDate(buf, kStandardCode, calendar_mode, &year, &month, &day);
+    FormatDate(buf, code, year, month, day);
+    return 1;
+}

@@ -1,0 +1,184 @@
+// The library's own mktime: brings a record into range and counts its seconds, with no zone but
+// the two globals.
+
+#include <algorithm>
+#include <climits>
+
+#include "util/timeutils.h"
+#include "util/timeutils/records.h"
+#include "util/wrapping.h"
+
+int _timezone;
+int _dstbias;
+int _daylight;
+
+namespace {
+
+constexpr int kSecondsPerMinute = 60;
+constexpr int kMinutesPerHour = 60;
+constexpr int kHoursPerDay = 24;
+constexpr int kMonthsPerYear = 12;
+constexpr int kDaysPerWeek = 7;
+constexpr int kDaysPerYear = 365;
+constexpr int kSecondsPerDay = kHoursPerDay * kMinutesPerHour * kSecondsPerMinute;
+constexpr int kEpochYear = 1970;
+constexpr int kEpochWeekday = 4;  // Thursday
+constexpr int kCycleYears = 400;
+constexpr int kCycleDays = 146097;
+static_assert(kCycleDays == kCycleYears * kDaysPerYear + kCycleYears / 4 - 3);
+
+// A month and a count of days from its first day on.
+struct MonthDays {
+    int year;   // full, as in 2024; wraps
+    int month;  // [0, 11]
+    int days;
+};
+
+// Moves what exceeds [0, base) from low to high.
+void Carry(int& low, int& high, int base) {
+    high = WrappingAdd(high, low / base);
+    low %= base;
+    if (low < 0) {
+        low += base;
+        high = WrappingSub(high, 1);
+    }
+}
+
+const int* MonthLengths(int year) {
+    return _ytab[IsLeapYear(year)];
+}
+
+int LengthOf(const MonthDays& date) {
+    return MonthLengths(date.year)[date.month];
+}
+
+// The calendar repeats after 400 years: skips as many such cycles as the days hold, as far as the
+// year does not wrap on the way. Years behind the wrap are at another place of the cycle.
+void SkipCycles(MonthDays& date) {
+    const int wanted = date.days / kCycleDays;  // of the days' sign
+    if (wanted == 0) {
+        return;
+    }
+    const int64_t limit = wanted > 0 ? INT_MAX : INT_MIN;
+    const auto room = static_cast<int>((limit - date.year) / kCycleYears);
+    const int cycles = wanted > 0 ? std::min(wanted, room) : std::max(wanted, room);
+    date.year += cycles * kCycleYears;
+    date.days -= cycles * kCycleDays;
+}
+
+void StepBack(MonthDays& date) {
+    if (--date.month < 0) {
+        date.month = kMonthsPerYear - 1;
+        date.year = WrappingSub(date.year, 1);
+    }
+    date.days += LengthOf(date);
+}
+
+void StepForward(MonthDays& date) {
+    date.days -= LengthOf(date);
+    if (++date.month == kMonthsPerYear) {
+        date.month = 0;
+        date.year = WrappingAdd(date.year, 1);
+    }
+}
+
+// Walks to the month in which the day lies.
+void SettleMonth(MonthDays& date) {
+    SkipCycles(date);
+    while (date.days < 0) {
+        StepBack(date);
+        SkipCycles(date);  // finds work again only behind the wrap
+    }
+    while (date.days >= LengthOf(date)) {
+        StepForward(date);
+        SkipCycles(date);
+    }
+}
+
+void Normalise(TTime* rec) {
+    Carry(rec->tm_sec, rec->tm_min, kSecondsPerMinute);
+    Carry(rec->tm_min, rec->tm_hour, kMinutesPerHour);
+    int days = 0;
+    Carry(rec->tm_hour, days, kHoursPerDay);
+    Carry(rec->tm_mon, rec->tm_year, kMonthsPerYear);
+    days = WrappingAdd(days, WrappingSub(rec->tm_mday, 1));
+
+    MonthDays date = {WrappingAdd(rec->tm_year, kTmYearBase), rec->tm_mon, days};
+    SettleMonth(date);
+    rec->tm_year = WrappingSub(date.year, kTmYearBase);
+    rec->tm_mon = date.month;
+    rec->tm_mday = date.days + 1;
+}
+
+// 1 if a year that is divisible by period came after the last full period since 1970.
+int LeapInRemainder(int year, int period) {
+    const int remainder = year % period;
+    return remainder != 0 && remainder < kEpochYear % period ? 1 : 0;
+}
+
+// Remembers whether a sum went beyond what a seconds count can hold. The sums themselves wrap.
+class Overflow {
+public:
+    void CountIf(bool overflows) { counted_ = counted_ || overflows; }
+    bool counted() const { return counted_; }
+
+private:
+    bool counted_ = false;
+};
+
+// The days from 1970-01-01 to 1 January of the record's year.
+int DaysBeforeYear(int year, Overflow& overflow) {
+    const int years = WrappingSub(year, kEpochYear);
+    overflow.CountIf(years > INT_MAX / kDaysPerYear);
+    int days = WrappingMul(years, kDaysPerYear);
+    overflow.CountIf(WrappingSub(INT_MAX, days) < years / 4 + 1);
+    days = WrappingAdd(days, years / 4 + LeapInRemainder(year, 4));
+    days = WrappingSub(days, years / 100 + LeapInRemainder(year, 100));
+    return WrappingAdd(days, years / 400 + LeapInRemainder(year, 400));
+}
+
+int DayOfYear(const TTime* rec, int year) {
+    int days = rec->tm_mday - 1;
+    for (int month = 0; month < rec->tm_mon; ++month) {
+        days += MonthLengths(year)[month];
+    }
+    return days;
+}
+
+// The seconds with _timezone added and, in summer time, _dstbias taken off.
+int ApplyZone(int seconds, bool is_summer_time, Overflow& overflow) {
+    overflow.CountIf(_timezone > 0 && seconds > INT_MAX - _timezone);
+    overflow.CountIf(_timezone < 0 && seconds < WrappingSub(0, _timezone));
+    seconds = WrappingAdd(seconds, _timezone);
+    const int bias = is_summer_time ? _dstbias : 0;
+    overflow.CountIf(bias > seconds);
+    return WrappingSub(seconds, bias);
+}
+
+}  // namespace
+
+time_t mktime_1(TTime* rec) {
+    Normalise(rec);
+    if (rec->tm_year < kEpochYear - kTmYearBase) {
+        return -1;
+    }
+    Overflow overflow;
+    const int year = WrappingAdd(rec->tm_year, kTmYearBase);
+    const int day_of_year = DayOfYear(rec, year);
+    int days = WrappingAdd(DaysBeforeYear(year, overflow), day_of_year);
+    overflow.CountIf(days < 0);
+    rec->tm_yday = day_of_year;
+    rec->tm_wday = WrappingAdd(days, kEpochWeekday) % kDaysPerWeek;
+
+    const int clock =
+        (rec->tm_hour * kMinutesPerHour + rec->tm_min) * kSecondsPerMinute + rec->tm_sec;
+    overflow.CountIf((INT_MAX - clock) / kSecondsPerDay < days);
+    const int seconds = WrappingAdd(clock, WrappingMul(days, kSecondsPerDay));
+    const int result = ApplyZone(seconds, rec->tm_isdst != 0, overflow);
+    return overflow.counted() ? -1 : result;
+}
+
+time_t EncodeTime(TTime* rec) {
+    rec->tm_isdst = -1;
+    return mktime_1(rec);
+}
