@@ -41,12 +41,14 @@ set(library_sources
     util/trstrutils/merge_sort.cpp
     util/trstrutils/numbers.cpp
     util/trstrutils/split.cpp)
+expect_listed(LIST ${library_sources} FOLDERS log splash udisk util)
 
 add_library(library_objects OBJECT ${library_sources})
 target_link_libraries(library_objects PRIVATE product_flags)
 # -fPIC, also for what ends in an executable: -fPIE would export copies of libc's data.
 set_target_properties(library_objects PROPERTIES POSITION_INDEPENDENT_CODE ON)
 
+expect_listed(LIST tool/main.cpp FOLDERS tool)
 add_library(tool_objects OBJECT tool/main.cpp)
 target_link_libraries(tool_objects PRIVATE product_flags troption)
 set_target_properties(tool_objects PROPERTIES POSITION_INDEPENDENT_CODE ON)
