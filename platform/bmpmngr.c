@@ -6,6 +6,7 @@
 #include <stdint.h>
 #include <stdio.h>
 #include <stdlib.h>
+#include <string.h>
 
 static const char kInitVariable[] = "ORVATOOL_BMPMNGR_INIT";
 static const char kUpdateVariable[] = "ORVATOOL_BMPMNGR_UPDATE";
@@ -40,14 +41,13 @@ static int OtherOperation(void) {
     return -1;
 }
 
-int bmp_manager_init_env(void* table[BMP_MANAGER_OPERATIONS]) {
-    int is_empty = 1;
-    for (int i = 0; i < BMP_MANAGER_OPERATIONS; ++i) {
-        is_empty = is_empty && table[i] == NULL;
-        table[i] = (void*)(uintptr_t)OtherOperation;
+int bmp_manager_init_env(ImageManagerTable* table) {
+    static const ImageManagerTable kEmpty;
+    const int is_empty = memcmp(table, &kEmpty, sizeof kEmpty) == 0;
+    for (size_t i = 0; i < sizeof table->others / sizeof table->others[0]; ++i) {
+        table->others[i] = (void*)(uintptr_t)OtherOperation;
     }
-    const BmpManagerUpdate update = Update;
-    table[BMP_MANAGER_UPDATE] = (void*)(uintptr_t)update;
+    table->update = Update;
     Note("init with %s table\n", is_empty ? "an empty" : "a used");
     return ResultFrom(kInitVariable);
 }

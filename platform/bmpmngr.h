@@ -16,13 +16,18 @@
 extern "C" {
 #endif
 
-enum { BMP_MANAGER_OPERATIONS = 9, BMP_MANAGER_UPDATE = 8 };
+/* The nine operations, of which only the last one is known here. */
+typedef struct ImageManagerTable {
+    void* others[8];
+    /* Returns 0 when the image was updated. The values are the library's own. */
+    int (*update)(const char* image, unsigned int value1, unsigned int value2);
+} ImageManagerTable;
 
-/* The operation at the index BMP_MANAGER_UPDATE. Returns 0 when the image was updated. */
-typedef int (*BmpManagerUpdate)(const char* image, unsigned int value1, unsigned int value2);
+/* The entry point's name, for looking it up. */
+#define BMP_MANAGER_ENTRY_POINT "bmp_manager_init_env"
 
-/* Fills the table of operations. Returns 0 when all of them can be used. */
-int bmp_manager_init_env(void* table[BMP_MANAGER_OPERATIONS]);
+/* Fills the table. Returns 0 when all operations can be used. */
+int bmp_manager_init_env(ImageManagerTable* table);
 
 #ifdef __cplusplus
 }

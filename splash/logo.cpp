@@ -4,23 +4,18 @@
 
 #include <cstdio>
 
+#include "platform/bmpmngr.h"
 #include "splash/splash.h"
 #include "util/owners.h"
 
 namespace {
 
 constexpr char kLibrary[] = "/usr/lib/libbmpmngr.so";
-constexpr char kEntryPoint[] = "bmp_manager_init_env";
 constexpr char kLogoImage[] = "bmp.splash";
 
-// What the library's entry point fills. The other operations are the library's own business.
-struct ImageManagerTable {
-    void* others[8];
-    int (*update)(const char* image, unsigned int value1, unsigned int value2);
-};
 static_assert(sizeof(ImageManagerTable) == 9 * sizeof(void*));
 
-using InitEnv = int (*)(ImageManagerTable* table);
+using InitEnv = decltype(&bmp_manager_init_env);
 using UniqueLibrary = UniqueHandle<void*, nullptr, dlclose>;
 
 }  // namespace
@@ -32,7 +27,7 @@ int UpdateSplashLogo(unsigned int value1, unsigned int value2) {
         printf("dlopen failed: %m\n");
         return -1;
     }
-    const auto init_env = reinterpret_cast<InitEnv>(dlsym(library.Get(), kEntryPoint));
+    const auto init_env = reinterpret_cast<InitEnv>(dlsym(library.Get(), BMP_MANAGER_ENTRY_POINT));
     if (init_env == nullptr) {
         printf("bmp_manager_init_env not defined or exported in %s\n", kLibrary);
         return -2;
