@@ -13,10 +13,11 @@
 
 namespace {
 
-constexpr char kLogTag[] = "main";
+constexpr const char* kLogTag = log_tag::kMain;
 constexpr char kOutputFile[] = "/mnt/ramdisk/output.txt";
-constexpr char kExportFolder[] = "/mnt/removable/tesmar_debug";
-constexpr char kMakeExportFolder[] = "mkdir /mnt/removable/tesmar_debug -p";
+#define EXPORT_FOLDER UDISK_MOUNT_POINT "/tesmar_debug"
+constexpr char kExportFolder[] = EXPORT_FOLDER;
+constexpr char kMakeExportFolder[] = "mkdir " EXPORT_FOLDER " -p";
 constexpr char kUnknownSerial[] = "no-serial-number";  // an unnamed file would be a hidden one
 constexpr int kSerialSize = 24;
 constexpr int kCommandSize = 128;

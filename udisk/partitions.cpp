@@ -11,6 +11,7 @@
 
 namespace {
 
+constexpr const char* kLogTag = log_tag::kUdisk;
 constexpr char kPartitionsFile[] = "/proc/partitions";
 constexpr int kHeaderLines = 2;  // the column names and an empty line
 constexpr int kLineSize = 256;

@@ -4,9 +4,6 @@
 
 #include <cstdint>
 
-// All parts of udisk log under this source name.
-constexpr char kLogTag[] = "udiskdetection";
-
 struct PartitionEntry {
     char* name;        // as in sda1; nullptr ends a list
     int32_t size_kib;  // not set in the end entry

@@ -16,7 +16,8 @@
 
 namespace {
 
-constexpr char kMountPoint[] = "/mnt/removable";
+constexpr const char* kLogTag = log_tag::kUdisk;
+constexpr char kMountPoint[] = UDISK_MOUNT_POINT;
 constexpr char kFileSystemType[] = "vfat";
 constexpr char kUsbStorageFolder[] = "/proc/scsi/usb-storage";
 constexpr char kUsbBusFolder[] = "/proc/bus/usb/001";

@@ -9,6 +9,9 @@
 #ifndef UDISK_UDISKDETECTION_H
 #define UDISK_UDISKDETECTION_H
 
+/* The mount point. */
+#define UDISK_MOUNT_POINT "/mnt/removable"
+
 #ifdef __cplusplus
 extern "C" {
 #endif

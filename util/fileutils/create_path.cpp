@@ -7,10 +7,10 @@
 
 #include "log/log_line.h"
 #include "util/fileutils.h"
-#include "util/fileutils/log_tag.h"
 
 namespace {
 
+constexpr const char* kLogTag = log_tag::kFileutils;
 constexpr int kPathSize = 1024;
 constexpr mode_t kFolderMode = 0777;  // less the umask
 

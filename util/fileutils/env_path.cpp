@@ -3,8 +3,8 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "util/bounds.h"
 #include "util/fileutils.h"
+#include "util/integers.h"
 
 namespace {
 

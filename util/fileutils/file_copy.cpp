@@ -7,11 +7,11 @@
 
 #include "log/log_line.h"
 #include "util/fileutils.h"
-#include "util/fileutils/log_tag.h"
 #include "util/owners.h"
 
 namespace {
 
+constexpr const char* kLogTag = log_tag::kFileutils;
 constexpr size_t kBlockSize = 16384;
 
 // False when a write falls short. A read error counts as the end of the file.

@@ -10,13 +10,13 @@
 
 #include "log/log_line.h"
 #include "util/fileutils.h"
-#include "util/fileutils/log_tag.h"
 
 DIR* gFolderDir;
 char gFolderName[kFolderNameSize];
 
 namespace {
 
+constexpr const char* kLogTag = log_tag::kFileutils;
 constexpr int kStatPathSize = 512;
 
 bool IsDelivered(const struct dirent& entry, const struct stat& status) {

@@ -7,11 +7,11 @@
 
 #include "log/log_line.h"
 #include "util/fileutils.h"
-#include "util/fileutils/log_tag.h"
 #include "util/owners.h"
 
 namespace {
 
+constexpr const char* kLogTag = log_tag::kFileutils;
 constexpr int kDotEntries = 2;  // "." and ".."
 constexpr int kSourceSize = 80;
 constexpr int kCommandSize = 255;

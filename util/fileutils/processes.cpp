@@ -8,13 +8,13 @@
 #include <cstring>
 
 #include "log/log_line.h"
-#include "util/bounds.h"
 #include "util/fileutils.h"
-#include "util/fileutils/log_tag.h"
+#include "util/integers.h"
 #include "util/owners.h"
 
 namespace {
 
+constexpr const char* kLogTag = log_tag::kFileutils;
 constexpr int kPathSize = 128;
 constexpr int kNoChild = -1;
 constexpr int kNoCommand = -2;

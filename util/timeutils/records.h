@@ -2,15 +2,14 @@
 #ifndef UTIL_TIMEUTILS_RECORDS_H
 #define UTIL_TIMEUTILS_RECORDS_H
 
+#include "util/integers.h"
+#include "util/time_units.h"
 #include "util/timeutils.h"
-#include "util/wrapping.h"
 
 #ifdef __arm__
 // The terminal's programs pass time_t by value: the build must agree with theirs on its width.
 static_assert(sizeof(time_t) == sizeof(int32_t));
 #endif
-
-constexpr int kTmYearBase = 1900;  // tm_year counts from here
 
 // A date of any calendar, with the full year.
 struct CalendarDate {
@@ -20,13 +19,14 @@ struct CalendarDate {
 };
 
 inline CalendarDate DateOf(const TTime& rec) {
-    return {WrappingAdd(rec.tm_year, kTmYearBase), WrappingAdd(rec.tm_mon, 1), rec.tm_mday};
+    return {WrapToInt32(int64_t{rec.tm_year} + kTmYearBase), WrapToInt32(int64_t{rec.tm_mon} + 1),
+            rec.tm_mday};
 }
 
 // Writes the three date fields and leaves all others.
 inline void SetDate(TTime* rec, const CalendarDate& date) {
-    rec->tm_year = WrappingSub(date.year, kTmYearBase);
-    rec->tm_mon = WrappingSub(date.month, 1);
+    rec->tm_year = WrapToInt32(int64_t{date.year} - kTmYearBase);
+    rec->tm_mon = WrapToInt32(int64_t{date.month} - 1);
     rec->tm_mday = date.day;
 }
 

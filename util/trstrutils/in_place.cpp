@@ -4,7 +4,12 @@
 
 #include "log/log_line.h"
 #include "util/trstrutils.h"
-#include "util/trstrutils/log_tag.h"
+
+namespace {
+
+constexpr const char* kLogTag = log_tag::kTrstrutils;
+
+}  // namespace
 
 void TrimAroundSpace(char* text) {
     if (text == nullptr || *text == '\0') {

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "util/bounds.h"
+#include "util/integers.h"
 #include "util/trstrutils.h"
 
 namespace {

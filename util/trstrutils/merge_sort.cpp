@@ -9,7 +9,12 @@
 #include "log/log_line.h"
 #include "util/owners.h"
 #include "util/trstrutils.h"
-#include "util/trstrutils/log_tag.h"
+
+namespace {
+
+constexpr const char* kLogTag = log_tag::kTrstrutils;
+
+}  // namespace
 
 void MergeSortByMerge(int* array, int lo, int mid, int hi) {
     const size_t size = static_cast<size_t>(hi - lo + 1) * sizeof *array;

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
+#include "util/integers.h"
 #include "util/trstrutils.h"
-#include "util/wrapping.h"
 
 namespace {
 

@@ -6,19 +6,9 @@
 #ifndef UTIL_TIMEUTILS_CALENDARS_DAY_NUMBER_H
 #define UTIL_TIMEUTILS_CALENDARS_DAY_NUMBER_H
 
-#include <climits>
 #include <cmath>
 
 #include "util/timeutils.h"
-
-// A double as an integer, truncated. Where it does not fit it saturates, as the soft-float library
-// of the terminal does; other machines would give other numbers.
-inline int ToInt(double value) {
-    if (value >= INT_MAX) {
-        return INT_MAX;
-    }
-    return value <= INT_MIN ? INT_MIN : static_cast<int>(value);
-}
 
 extern "C" {
 

@@ -1,7 +1,8 @@
 // The Gregorian calendar: 400-year cycles of 97 leap years.
 
+#include "util/integers.h"
+#include "util/time_units.h"
 #include "util/timeutils/calendars/day_number.h"
-#include "util/wrapping.h"
 
 const int _ytab[2][12] = {
     {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31},
@@ -22,7 +23,6 @@ static_assert(k400YearDays == 400 * kYearDays + 97);
 constexpr int kMonthFactor = 367;
 constexpr int kMonthOffset = 362;
 constexpr int kMonthRounding = kMonthFactor + 6;  // for the way back
-constexpr int kMonthsPerYear = 12;
 constexpr int kMarch = 3;
 
 // The days that the months before miss of that count: none up to February.
@@ -51,12 +51,12 @@ int GetMaxDaysOfGregoMonth(int year, int month) {
 }
 
 double GregorianToJd(int year, int month, int day) {
-    const int before = WrappingSub(year, 1);  // the full years that have passed
+    const int before = WrapToInt32(int64_t{year} - 1);  // the full years that have passed
     const int month_start =
-        WrappingSub(WrappingMul(kMonthFactor, month), kMonthOffset) / kMonthsPerYear;
-    const int day_of_year = WrappingSub(WrappingAdd(month_start, day), MissingDays(year, month));
-    return kEpoch - 1 + WrappingMul(kYearDays, before) + before / 4 - before / 100 + before / 400 +
-           day_of_year;
+        WrapToInt32(int64_t{kMonthFactor} * month - kMonthOffset) / kMonthsPerYear;
+    const int day_of_year = WrapToInt32(int64_t{month_start} + day - MissingDays(year, month));
+    return kEpoch - 1 + WrapToInt32(int64_t{kYearDays} * before) + before / 4 - before / 100 +
+           before / 400 + day_of_year;
 }
 
 int JdToGregorian(double jd, int* year, int* month, int* day) {
@@ -69,16 +69,16 @@ int JdToGregorian(double jd, int* year, int* month, int* day) {
     const double quad = floor(day_of_century / k4YearDays);
     const double day_of_quad = CalMod(day_of_century, k4YearDays);
     const double year_of_quad = floor(day_of_quad / kYearDays);
-    *year = ToInt(cycle * 400 + century * 100 + quad * 4 + year_of_quad);
+    *year = SaturateToInt(cycle * 400 + century * 100 + quad * 4 + year_of_quad);
     // The last day of a leap year that ends a cycle or a quad belongs to that year.
     if (century != 4 && year_of_quad != 4) {
-        *year = WrappingAdd(*year, 1);
+        *year = WrapToInt32(int64_t{*year} + 1);
     }
     const double day_of_year = midnight - GregorianToJd(*year, 1, 1);
     const bool is_before_march = midnight < GregorianToJd(*year, kMarch, 1);
     const int missing = is_before_march ? 0 : MissingDays(*year, kMarch);
-    *month =
-        ToInt(floor(((day_of_year + missing) * kMonthsPerYear + kMonthRounding) / kMonthFactor));
-    *day = ToInt((midnight - GregorianToJd(*year, *month, 1)) + 1);
+    *month = SaturateToInt(
+        floor(((day_of_year + missing) * kMonthsPerYear + kMonthRounding) / kMonthFactor));
+    *day = SaturateToInt((midnight - GregorianToJd(*year, *month, 1)) + 1);
     return 1;
 }

@@ -1,8 +1,9 @@
 // The tabular Islamic calendar: 30-year cycles with 11 leap years.
 
+#include "util/integers.h"
+#include "util/time_units.h"
 #include "util/timeutils/calendars/day_number.h"
 #include "util/timeutils/records.h"
-#include "util/wrapping.h"
 
 namespace {
 
@@ -18,29 +19,28 @@ constexpr int kYearRounding = kCycleDays + kCycleYears / 2;
 
 constexpr double kMeanMonthDays = 29.5;  // 30 and 29 in turn
 constexpr int kLongMonthDays = 30;
-constexpr int kMonthsPerYear = 12;
 
 }  // namespace
 
 int IsIslamicLeap(int year) {
-    const int phase = WrappingAdd(WrappingMul(kLeapYears, year), kLeapYears + kLeapPhase);
+    const int phase = WrapToInt32(int64_t{kLeapYears} * year + kLeapYears + kLeapPhase);
     return phase % kCycleYears < kLeapYears ? 1 : 0;
 }
 
 double IslamicToJd(int year, int month, int day) {
-    const int days_before = WrappingSub(WrappingMul(kYearDays, year), kYearDays);
-    const int leap_days = WrappingAdd(WrappingMul(kLeapYears, year), kLeapPhase) / kCycleYears;
-    return day + ceil(WrappingSub(month, 1) * kMeanMonthDays) + days_before + leap_days + kEpoch -
-           1;
+    const int days_before = WrapToInt32(int64_t{kYearDays} * year - kYearDays);
+    const int leap_days = WrapToInt32(int64_t{kLeapYears} * year + kLeapPhase) / kCycleYears;
+    return day + ceil(WrapToInt32(int64_t{month} - 1) * kMeanMonthDays) + days_before + leap_days +
+           kEpoch - 1;
 }
 
 int JdToIslamic(double jd, int* year, int* month, int* day) {
     const double midnight = floor(jd) + 0.5;
-    *year = ToInt(floor(((midnight - kEpoch) * kCycleYears + kYearRounding) / kCycleDays));
+    *year = SaturateToInt(floor(((midnight - kEpoch) * kCycleYears + kYearRounding) / kCycleDays));
     const double month_number =
         ceil((midnight - (IslamicToJd(*year, 1, 1) + (kLongMonthDays - 1))) / kMeanMonthDays) + 1;
-    *month = month_number > kMonthsPerYear ? kMonthsPerYear : ToInt(month_number);
-    *day = ToInt((midnight - IslamicToJd(*year, *month, 1)) + 1);
+    *month = month_number > kMonthsPerYear ? kMonthsPerYear : SaturateToInt(month_number);
+    *day = SaturateToInt((midnight - IslamicToJd(*year, *month, 1)) + 1);
     return 1;
 }
 

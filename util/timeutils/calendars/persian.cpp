@@ -1,8 +1,9 @@
 // The Persian solar calendar by the 2820-year rule: cycles of 2820 years with 683 leap years.
 
+#include "util/integers.h"
+#include "util/time_units.h"
 #include "util/timeutils/calendars/day_number.h"
 #include "util/timeutils/records.h"
-#include "util/wrapping.h"
 
 namespace {
 
@@ -21,7 +22,6 @@ constexpr int kLongMonths = 6;  // months 1 to 6 have 31 days, the others 30, th
 constexpr int kLongMonthDays = 31;
 constexpr int kShortMonthDays = 30;
 constexpr int kLongMonthsDays = kLongMonths * kLongMonthDays;
-constexpr int kMonthsPerYear = 12;
 
 // The year of the cycle, from 1, for a day of the cycle, from 0.
 double YearOfCycle(double day_of_cycle) {
@@ -40,7 +40,7 @@ double YearOfCycle(double day_of_cycle) {
 int IsPersianLeap(int year) {
     // Year 0 counts here among those before the epoch, unlike in PersianToJd, as in the
     // published algorithm.
-    const int base = WrappingSub(year, year > 0 ? kCycleStart : kCycleStart - 1);
+    const int base = WrapToInt32(int64_t{year} - (year > 0 ? kCycleStart : kCycleStart - 1));
     const int leap_phase = base % kCycleYears * kLeapYears + (kCycleStart + 38) * kLeapYears;
     return leap_phase % kLeapPeriod < kLeapYears ? 1 : 0;
 }
@@ -58,11 +58,11 @@ int GetPersianMonthDay(int year, int month) {
 double PersianToJd(int year, int month, int day) {
     const double base = static_cast<double>(year) - (year >= 0 ? kCycleStart : kCycleStart - 1);
     const double year_of_cycle = CalMod(base, kCycleYears) + kCycleStart;
-    const int month_start =
+    const int64_t month_start =
         month <= kLongMonths + 1
-            ? WrappingSub(WrappingMul(kLongMonthDays, month), kLongMonthDays)
-            : WrappingSub(WrappingMul(kShortMonthDays, month), kShortMonthDays - kLongMonths);
-    return WrappingAdd(month_start, day) +
+            ? int64_t{kLongMonthDays} * month - kLongMonthDays
+            : int64_t{kShortMonthDays} * month - (kShortMonthDays - kLongMonths);
+    return WrapToInt32(month_start + day) +
            floor((year_of_cycle * kLeapYears - kLeapPhase) / kLeapPeriod) +
            (year_of_cycle - 1) * kYearDays + floor(base / kCycleYears) * kCycleDays + (kEpoch - 1);
 }
@@ -77,12 +77,12 @@ TTime* ChrisTmToPersianTm(TTime* rec) {
     if (full_year <= 0) {
         full_year -= 1;  // there is no year 0
     }
-    const int year = ToInt(full_year);
+    const int year = SaturateToInt(full_year);
     const double day_of_year = (jd - PersianToJd(year, 1, 1)) + 1;
-    const int month =
-        ToInt(day_of_year <= kLongMonthsDays ? ceil(day_of_year / kLongMonthDays)
-                                             : ceil((day_of_year - kLongMonths) / kShortMonthDays));
-    const int day = ToInt((jd - PersianToJd(year, month, 1)) + 1);
+    const int month = SaturateToInt(day_of_year <= kLongMonthsDays
+                                        ? ceil(day_of_year / kLongMonthDays)
+                                        : ceil((day_of_year - kLongMonths) / kShortMonthDays));
+    const int day = SaturateToInt((jd - PersianToJd(year, month, 1)) + 1);
     SetDate(rec, {year, month, day});
     return rec;
 }

@@ -8,19 +8,18 @@
 #include <cstring>
 
 #include "log/log_line.h"
-#include "util/bounds.h"
 #include "util/fileutils.h"
+#include "util/integers.h"
+#include "util/time_units.h"
 #include "util/timeutils.h"
-#include "util/timeutils/log_tag.h"
 #include "util/timeutils/records.h"
 
 namespace {
 
+constexpr const char* kLogTag = log_tag::kTimeutils;
 constexpr int kNoDateCode = 9;  // for texts that hold no date
 constexpr int kTmYear2000 = 2000 - kTmYearBase;
 constexpr int kTmYear2037 = 2037 - kTmYearBase;
-constexpr uint32_t kMsPerSecond = 1000;
-constexpr uint32_t kUsPerMs = 1000;
 
 TTime LocalNow() {
     const time_t now = time(nullptr);
@@ -148,7 +147,7 @@ int SyncSysTime(TTime* rec) {
     LOG(LOG_DEBUG, "set time test by qhm begin");
     (void)systemEx("date");  // prints the old time; a failure does no harm
     const auto seconds = static_cast<int>(EncodeTime(rec));
-    SetClock(WrappingAdd(seconds, 1));  // a second ahead, on purpose
+    SetClock(WrapToInt32(int64_t{seconds} + 1));  // a second ahead, on purpose
     (void)systemEx("date");
     LOG(LOG_DEBUG, "set time test by qhm end");
     return 1;

@@ -11,14 +11,13 @@
 #include <cstring>
 
 #include "log/log_line.h"
-#include "util/bounds.h"
+#include "util/integers.h"
 #include "util/owners.h"
 #include "util/timeutils.h"
-#include "util/timeutils/log_tag.h"
-#include "util/wrapping.h"
 
 namespace {
 
+constexpr const char* kLogTag = log_tag::kTimeutils;
 constexpr int kMacSize = 6;
 constexpr char kInterface[] = "eth0";
 constexpr int kTextSize = sizeof "00:1a:2b:3c:4d:5e";
@@ -81,7 +80,7 @@ int str2mac(const char* text, unsigned char* out) {
             if (digit < 0) {
                 return -1;
             }
-            value = WrappingAdd(WrappingMul(value, kBase), digit);
+            value = WrapToInt32(int64_t{value} * kBase + digit);
             continue;
         }
         if (value > kMaxByte) {

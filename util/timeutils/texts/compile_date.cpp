@@ -5,12 +5,12 @@
 #include <iterator>
 
 #include "log/log_line.h"
-#include "util/bounds.h"
+#include "util/integers.h"
 #include "util/timeutils.h"
-#include "util/timeutils/log_tag.h"
 
 namespace {
 
+constexpr const char* kLogTag = log_tag::kTimeutils;
 constexpr int kTextSize = 40;
 constexpr size_t kNameLength = 3;
 constexpr const char* kMonthNames[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <iterator>
 
-#include "util/bounds.h"
+#include "util/integers.h"
 #include "util/timeutils.h"
 #include "util/timeutils/texts/fields.h"
 

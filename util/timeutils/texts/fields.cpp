@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-#include "util/bounds.h"
+#include "util/integers.h"
 
 namespace {
 

@@ -5,13 +5,13 @@
 #include <cstring>
 
 #include "log/log_line.h"
-#include "util/bounds.h"
+#include "util/integers.h"
 #include "util/timeutils.h"
-#include "util/timeutils/log_tag.h"
 #include "util/timeutils/texts/fields.h"
 
 namespace {
 
+constexpr const char* kLogTag = log_tag::kTimeutils;
 constexpr int kTextSize = 64;
 constexpr int kHourWidth = 2;
 constexpr int kNoon = 12;

@@ -4,14 +4,14 @@
 #include <cstring>
 
 #include "log/log_line.h"
-#include "util/bounds.h"
+#include "util/integers.h"
 #include "util/timeutils.h"
-#include "util/timeutils/log_tag.h"
 #include "util/timeutils/records.h"
 #include "util/trstrutils.h"
 
 namespace {
 
+constexpr const char* kLogTag = log_tag::kTimeutils;
 constexpr char kTimePattern[] = "%02d:%02d:%02d";
 constexpr int kClockSize = 16;
 constexpr int kDateSize = 12;

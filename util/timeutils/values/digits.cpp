@@ -2,10 +2,9 @@
 
 #include <cstdio>
 
-#include "util/bounds.h"
+#include "util/integers.h"
 #include "util/timeutils.h"
 #include "util/trstrutils.h"
-#include "util/wrapping.h"
 
 namespace {
 
@@ -29,7 +28,7 @@ int TimeTimeToInt(const char* text, int* out, int count) {
     for (int i = 0; *text != '\0' && i < count; ++text) {
         const int digit = digitvalue(*text);
         if (digit >= 0) {
-            value = WrappingAdd(WrappingMul(value, kDecimalBase), digit);
+            value = WrapToInt32(int64_t{value} * kDecimalBase + digit);
             out[i] = value;  // at each digit: a group without digits leaves its number alone
             in_separator = false;
             continue;

@@ -4,9 +4,10 @@
 #include <algorithm>
 #include <climits>
 
+#include "util/integers.h"
+#include "util/time_units.h"
 #include "util/timeutils.h"
 #include "util/timeutils/records.h"
-#include "util/wrapping.h"
 
 int _timezone;
 int _dstbias;
@@ -14,13 +15,8 @@ int _daylight;
 
 namespace {
 
-constexpr int kSecondsPerMinute = 60;
-constexpr int kMinutesPerHour = 60;
-constexpr int kHoursPerDay = 24;
-constexpr int kMonthsPerYear = 12;
 constexpr int kDaysPerWeek = 7;
 constexpr int kDaysPerYear = 365;
-constexpr int kSecondsPerDay = kHoursPerDay * kMinutesPerHour * kSecondsPerMinute;
 constexpr int kEpochYear = 1970;
 constexpr int kEpochWeekday = 4;  // Thursday
 constexpr int kCycleYears = 400;
@@ -36,11 +32,11 @@ struct MonthDays {
 
 // Moves what exceeds [0, base) from low to high.
 void Carry(int& low, int& high, int base) {
-    high = WrappingAdd(high, low / base);
+    high = WrapToInt32(int64_t{high} + low / base);
     low %= base;
     if (low < 0) {
         low += base;
-        high = WrappingSub(high, 1);
+        high = WrapToInt32(int64_t{high} - 1);
     }
 }
 
@@ -69,7 +65,7 @@ void SkipCycles(MonthDays& date) {
 void StepBack(MonthDays& date) {
     if (--date.month < 0) {
         date.month = kMonthsPerYear - 1;
-        date.year = WrappingSub(date.year, 1);
+        date.year = WrapToInt32(int64_t{date.year} - 1);
     }
     date.days += LengthOf(date);
 }
@@ -78,7 +74,7 @@ void StepForward(MonthDays& date) {
     date.days -= LengthOf(date);
     if (++date.month == kMonthsPerYear) {
         date.month = 0;
-        date.year = WrappingAdd(date.year, 1);
+        date.year = WrapToInt32(int64_t{date.year} + 1);
     }
 }
 
@@ -101,11 +97,11 @@ void Normalise(TTime* rec) {
     int days = 0;
     Carry(rec->tm_hour, days, kHoursPerDay);
     Carry(rec->tm_mon, rec->tm_year, kMonthsPerYear);
-    days = WrappingAdd(days, WrappingSub(rec->tm_mday, 1));
+    days = WrapToInt32(int64_t{days} + rec->tm_mday - 1);
 
-    MonthDays date = {WrappingAdd(rec->tm_year, kTmYearBase), rec->tm_mon, days};
+    MonthDays date = {WrapToInt32(int64_t{rec->tm_year} + kTmYearBase), rec->tm_mon, days};
     SettleMonth(date);
-    rec->tm_year = WrappingSub(date.year, kTmYearBase);
+    rec->tm_year = WrapToInt32(int64_t{date.year} - kTmYearBase);
     rec->tm_mon = date.month;
     rec->tm_mday = date.days + 1;
 }
@@ -128,13 +124,13 @@ private:
 
 // The days from 1970-01-01 to 1 January of the record's year.
 int DaysBeforeYear(int year, Overflow& overflow) {
-    const int years = WrappingSub(year, kEpochYear);
+    const int years = WrapToInt32(int64_t{year} - kEpochYear);
     overflow.CountIf(years > INT_MAX / kDaysPerYear);
-    int days = WrappingMul(years, kDaysPerYear);
-    overflow.CountIf(WrappingSub(INT_MAX, days) < years / 4 + 1);
-    days = WrappingAdd(days, years / 4 + LeapInRemainder(year, 4));
-    days = WrappingSub(days, years / 100 + LeapInRemainder(year, 100));
-    return WrappingAdd(days, years / 400 + LeapInRemainder(year, 400));
+    const int days = WrapToInt32(int64_t{years} * kDaysPerYear);
+    overflow.CountIf(WrapToInt32(int64_t{INT_MAX} - days) < years / 4 + 1);
+    return WrapToInt32(int64_t{days} + (years / 4 + LeapInRemainder(year, 4)) -
+                       (years / 100 + LeapInRemainder(year, 100)) +
+                       (years / 400 + LeapInRemainder(year, 400)));
 }
 
 int DayOfYear(const TTime* rec, int year) {
@@ -148,11 +144,11 @@ int DayOfYear(const TTime* rec, int year) {
 // The seconds with _timezone added and, in summer time, _dstbias taken off.
 int ApplyZone(int seconds, bool is_summer_time, Overflow& overflow) {
     overflow.CountIf(_timezone > 0 && seconds > INT_MAX - _timezone);
-    overflow.CountIf(_timezone < 0 && seconds < WrappingSub(0, _timezone));
-    seconds = WrappingAdd(seconds, _timezone);
+    overflow.CountIf(_timezone < 0 && seconds < WrapToInt32(-int64_t{_timezone}));
+    seconds = WrapToInt32(int64_t{seconds} + _timezone);
     const int bias = is_summer_time ? _dstbias : 0;
     overflow.CountIf(bias > seconds);
-    return WrappingSub(seconds, bias);
+    return WrapToInt32(int64_t{seconds} - bias);
 }
 
 }  // namespace
@@ -163,17 +159,17 @@ time_t mktime_1(TTime* rec) {
         return -1;
     }
     Overflow overflow;
-    const int year = WrappingAdd(rec->tm_year, kTmYearBase);
+    const int year = WrapToInt32(int64_t{rec->tm_year} + kTmYearBase);
     const int day_of_year = DayOfYear(rec, year);
-    int days = WrappingAdd(DaysBeforeYear(year, overflow), day_of_year);
+    int days = WrapToInt32(int64_t{DaysBeforeYear(year, overflow)} + day_of_year);
     overflow.CountIf(days < 0);
     rec->tm_yday = day_of_year;
-    rec->tm_wday = WrappingAdd(days, kEpochWeekday) % kDaysPerWeek;
+    rec->tm_wday = WrapToInt32(int64_t{days} + kEpochWeekday) % kDaysPerWeek;
 
     const int clock =
         (rec->tm_hour * kMinutesPerHour + rec->tm_min) * kSecondsPerMinute + rec->tm_sec;
     overflow.CountIf((INT_MAX - clock) / kSecondsPerDay < days);
-    const int seconds = WrappingAdd(clock, WrappingMul(days, kSecondsPerDay));
+    const int seconds = WrapToInt32(clock + int64_t{days} * kSecondsPerDay);
     const int result = ApplyZone(seconds, rec->tm_isdst != 0, overflow);
     return overflow.counted() ? -1 : result;
 }

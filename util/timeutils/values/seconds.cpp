@@ -2,9 +2,8 @@
 
 #include <cstring>
 
-#include "util/bounds.h"
+#include "util/integers.h"
 #include "util/timeutils.h"
-#include "util/wrapping.h"
 
 namespace {
 

@@ -73,29 +73,6 @@ TEST(CalMod, TakesTheSignOfTheDivisor) {
     EXPECT_EQ(CalMod(-0.5, 365), 364.5);
 }
 
-TEST(ToInt, Truncates) {
-    EXPECT_EQ(ToInt(0.0), 0);
-    EXPECT_EQ(ToInt(2.9), 2);
-    EXPECT_EQ(ToInt(-2.9), -2);
-    EXPECT_EQ(ToInt(-0.9), 0);
-}
-
-TEST(ToInt, StopsAtTheLimits) {
-    const struct {
-        volatile double value;  // read at run time: compilers convert constants in their own way
-        int expected;
-    } kCases[] = {
-        {2147483646.0, INT_MAX - 1}, {2147483646.9, INT_MAX - 1},  {2147483647.0, INT_MAX},
-        {2147483647.5, INT_MAX},     {2147483648.0, INT_MAX},      {1e300, INT_MAX},
-        {HUGE_VAL, INT_MAX},         {-2147483647.0, INT_MIN + 1}, {-2147483647.9, INT_MIN + 1},
-        {-2147483648.0, INT_MIN},    {-2147483648.9, INT_MIN},     {-2147483649.0, INT_MIN},
-        {-1e300, INT_MIN},           {-HUGE_VAL, INT_MIN},
-    };
-    for (const auto& test : kCases) {
-        EXPECT_EQ(ToInt(test.value), test.expected) << test.expected;
-    }
-}
-
 TEST(GregorianToJd, NumbersDaysAtMidnight) {
     EXPECT_EQ(GregorianToJd(2000, 1, 1), 2451544.5);
     EXPECT_EQ(GregorianToJd(1, 1, 1), 1721425.5);
