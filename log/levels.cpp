@@ -1,27 +1,12 @@
 // The level mask: which lines are written at all.
 
+#include "log/levels.h"
+
 #include <cstring>
 
-#include "log/log.h"
 #include "log/state.h"
 
 uint8_t gLogMask;
-
-namespace {
-
-struct LevelLetter {
-    char letter;
-    unsigned int level;
-};
-
-constexpr LevelLetter kLevelLetters[] = {
-    {'E', LOG_ERROR},
-    {'W', LOG_WARNING},
-    {'I', LOG_INFO},
-    {'D', LOG_DEBUG},
-};
-
-}  // namespace
 
 int SetLogLevel(unsigned int bits, int on) {
     if (on != 0 && on != 1) {
@@ -36,9 +21,9 @@ unsigned char GetLogLevel(void) {
 }
 
 void SetLogLevelByStr(const char* letters) {
-    for (const LevelLetter& known : kLevelLetters) {
-        if (strchr(letters, known.letter) != nullptr) {
-            (void)SetLogLevel(known.level, 1);  // cannot fail with 1
+    for (const LogLevel& level : kLogLevels) {
+        if (strchr(letters, level.letter) != nullptr) {
+            (void)SetLogLevel(static_cast<unsigned int>(level.bit), 1);  // cannot fail with 1
         }
     }
 }

@@ -5,28 +5,23 @@
 #include <cstdio>
 #include <ctime>
 
+#include "log/levels.h"
 #include "log/log.h"
 #include "log/state.h"
+#include "util/time_units.h"
 
 namespace {
 
 constexpr int kYearSize = 5;  // four digits; a fifth is cut
 constexpr int kStampSize = 1024;
-constexpr int kTmYearBase = 1900;
 
-const char* LevelName(int level) {
-    switch (level) {
-        case LOG_ERROR:
-            return "Error";
-        case LOG_WARNING:
-            return "Warning";
-        case LOG_INFO:
-            return "Info";
-        case LOG_DEBUG:
-            return "Debug";
-        default:
-            return "Unknown";
+const char* LevelName(int bits) {
+    for (const LogLevel& level : kLogLevels) {
+        if (level.bit == bits) {
+            return level.name;
+        }
     }
+    return "Unknown";
 }
 
 // Writes the local time of now in the form 2024-03-05T14:07:09.
