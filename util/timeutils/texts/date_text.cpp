@@ -9,8 +9,8 @@
 
 namespace {
 
-// Where the fields stand in a text. Each field has two characters, but for the year of the
-// standard form, which has four.
+// Where the fields stand in a text, for writing and reading it. Each has two characters, but for
+// the year of the standard form, which has four.
 struct DateLayout {
     int year;
     int month;
@@ -30,22 +30,25 @@ constexpr DateLayout kLayouts[] = {
     {6, 3, 0, '.'},  // 8  07.05.24
     {0, 5, 8, '-'},  // 9  2024-05-07
 };
-constexpr int kLayoutCount = 10;
-static_assert(std::size(kLayouts) == kLayoutCount);
+constexpr int kCodeBase = 10;  // only the last decimal digit of a code counts
+static_assert(
+    std::size(kLayouts) == kCodeBase,
+    "The last digit of a code names its layout: ten layouts, and it cannot name another.");
 
 constexpr int kStandardCode = 9;
-constexpr char kStandardPattern[] = "%04d-%02d-%02d";
-constexpr int kSeparatorPositions[] = {2, 5};
-constexpr int kCentury = 100;
+constexpr char kStandardPattern[] = "%04d%c%02d%c%02d";
 constexpr int kFieldWidth = 2;
+constexpr int kFieldStep = kFieldWidth + 1;  // with the separator
+constexpr int kFields = 3;
 constexpr int kLongYearWidth = 4;
+constexpr int kCentury = 100;
 
 constexpr int kLastPersian1400s = 16;    // greater two-digit years belong to the century before
 constexpr int kLastGregorian2000s = 37;  // likewise
 
 // The index of the code's layout. Negative codes put the year first, with '-' or '.'.
 int LayoutIndex(int code) {
-    const int index = code % kLayoutCount;
+    const int index = code % kCodeBase;
     if (index >= 0) {
         return index;
     }
@@ -71,23 +74,19 @@ int FormatDate(char* dst, int code, int year, int month, int day) {
         return 0;
     }
     const int index = LayoutIndex(code);
+    const DateLayout& layout = kLayouts[index];
+    const char separator = layout.separator;
     if (index == kStandardCode) {
-        sprintf(dst, kStandardPattern, year, month, day);
+        sprintf(dst, kStandardPattern, year, separator, month, separator, day);
         return 0;
     }
-    const DateLayout& layout = kLayouts[index];
-    const char* const pattern = "%02d-%02d-%02d";
-    const int short_year = year % kCentury;
-    if (layout.year == 0) {
-        sprintf(dst, pattern, short_year, month, day);
-    } else if (layout.month == 0) {
-        sprintf(dst, pattern, month, day, short_year);
-    } else {
-        sprintf(dst, pattern, day, month, short_year);
-    }
-    for (const int position : kSeparatorPositions) {
-        dst[position] = layout.separator;  // also over a wide field
-    }
+    int fields[kFields];
+    fields[layout.year / kFieldStep] = year % kCentury;
+    fields[layout.month / kFieldStep] = month;
+    fields[layout.day / kFieldStep] = day;
+    sprintf(dst, "%02d-%02d-%02d", fields[0], fields[1], fields[2]);
+    dst[kFieldWidth] = separator;  // at these places also where a field before them is wider
+    dst[kFieldStep + kFieldWidth] = separator;
     return 0;
 }
 
@@ -112,7 +111,8 @@ int FmtDateToStandardDate(char* buf, int size, int code, int calendar_mode) {
     int month;
     int day;
     DeFormatDate(buf, code, calendar_mode, &year, &month, &day);
-    snprintf(buf, BufferSize(size), kStandardPattern, year, month, day);
+    const char separator = kLayouts[kStandardCode].separator;
+    snprintf(buf, BufferSize(size), kStandardPattern, year, separator, month, separator, day);
     return 1;
 }
 
