@@ -24,8 +24,7 @@ extern "C" {
 
 /*
  * The clock, in local time. Where a clock text would show a year outside 2000 to 2037, it shows
- * 2000 instead, with month and day as they are. The readings go through the C library's shared
- * record: not for two threads at once. Trmmsleep may run on any thread.
+ * 2000 instead, with month and day as they are.
  */
 
 /*
@@ -59,16 +58,20 @@ void GetTime(TTime* out);
  * Returns 1, or 0 for a NULL out.
  *
  * Good to know: nothing is written to out. The result stands in the record that localtime returns,
- * until its next call. Outside the years 2000 to 2037 tm_year is set to 2000 itself first.
+ * until that is overwritten. Outside the years 2000 to 2037 tm_year is set to 2000 itself first.
  */
 int GetLocalTime(int calendar_mode, TTime* out);
 
 /*
- * Sleeps for about ms milliseconds.
+ * Sleeps for about ms milliseconds. May run on any thread.
  *
- * Good to know: a signal does not end the sleep, but afterwards the time that has passed is known
- * in whole seconds of the wall clock only. The sleep may then be up to a second too long or too
- * short, and ends at the next signal when the clock was set back, or forward by more than ms.
+ * Good to know:
+ *  - A signal does not end the sleep, but afterwards the time that has passed is known in whole
+ *    seconds of the wall clock only: the rest may be up to a second too long or too short.
+ *  - A clock that was set meanwhile counts at the next signal. Set back by less than has passed, it
+ *    makes the rest longer; set forward by less than ms, shorter; set back to before the start, or
+ *    forward by more than ms, it ends the sleep there.
+ *  - Without a signal the clock does not matter.
  */
 void Trmmsleep(unsigned int ms);
 
@@ -76,7 +79,7 @@ void Trmmsleep(unsigned int ms);
  * Sets the system clock to rec, counted without zone as by EncodeTime, plus one second. The old and
  * the new date are printed to standard output by the shell command "date".
  *
- * Returns 1, whether or not the clock could be set.
+ * Returns 1, whether or not the clock could be set. A NULL rec sets nothing and runs no command.
  *
  * Good to know: rec is brought into range and its tm_isdst set to -1. A record before 1970 or
  * beyond 2038-01-19 03:14:07 asks for 1970-01-01 00:00:00, and the last second of that range for a

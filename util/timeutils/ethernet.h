@@ -15,7 +15,7 @@ extern "C" {
 /*
  * Reads six groups of hexadecimal digits, separated by colons, into the 6 bytes at out.
  *
- * Returns 0, or -1 for a malformed text, which leaves out as it was.
+ * Returns 0, or -1 for a malformed text or NULL, which leave out as it was.
  *
  * Good to know: a group may have one digit, none (0), or more than two if its value is at most 255.
  * The value wraps at 32 bits and may be negative: "ffffffff" gives the byte ff. What follows a
@@ -28,7 +28,7 @@ int str2mac(const char* text, unsigned char* out);
  * 6 bytes if form is 2, or as many of the 6 bytes as size holds in any other form.
  *
  * Returns 1, or 0 when size is too small or the address cannot be read, which is logged; buf is
- * then left as it was.
+ * then left as it was. 0 too for a NULL buf that bytes would go to.
  */
 int GetMac(void* buf, int size, int form);
 

@@ -31,7 +31,8 @@ extern "C" {
  *  - There is no size: dst must hold 11 bytes for layout 9 and 9 bytes for the others, and more for
  *    numbers that need more digits.
  *  - The separators always go to positions 2 and 5, also over a digit of a number that is wider.
- *  - A negative code writes the year first, with '-' when it is divisible by 3, else with '.'.
+ *  - A negative code writes the year first, with '-' when its last digit is 0, 3, 6 or 9, else with
+ *    '.': -10 gives "24-05-07", -1 gives "24.05.07".
  */
 int FormatDate(char* dst, int code, int year, int month, int day);
 
@@ -41,7 +42,7 @@ int FormatDate(char* dst, int code, int year, int month, int day);
  *
  * Good to know: separators are not looked at. A number ends at its first character that is no
  * digit (as for strtol, white space or a sign may come first); one that the text does not reach is
- * 0.
+ * 0. A year of two digits is widened even then, to 2000 or, in the other calendars, 1400.
  */
 int DeFormatDate(const char* text, int code, int calendar_mode, int* year, int* month, int* day);
 
@@ -65,8 +66,12 @@ int StandardDateToFmtDate(char* buf, int size, int code, int calendar_mode);
  *
  * Returns 1, or 0 when either is NULL.
  *
- * Good to know: an unknown month is 00 and the result still 1. Month names are compared by their
- * first three letters, case included. Of a text only the first 39 characters count.
+ * Good to know:
+ *  - An unknown month is 00 and the result still 1. Month names are compared by their first three
+ *    letters, case included.
+ *  - A day or year that is missing or no number is 0, and so is what follows it: "May x 2024" gives
+ *    "00000500". Numbers beyond 32 bits give the nearest limit, and wide numbers a longer text.
+ *  - Of a text only the first 39 characters count.
  */
 int ConvertCompileDate(const char* text, char* dst, int size);
 
@@ -85,7 +90,9 @@ int ConvertCompileDate(const char* text, char* dst, int size);
  *  - A text is in 12-hour form when it holds an 'A' or a 'P' anywhere. The hour is read from the
  *    first two characters, and what follows them is kept, up to 63 characters in all.
  *  - Towards 24 hours buf is first cut one character before the marker, wherever that lies: the
- *    character there is taken for the blank.
+ *    character there is taken for the blank. Without the blank a digit is lost: "07:45PM" gives
+ *    "19:4".
+ *  - An hour takes two characters, also where it has one digit: "7:45 PM" gives "1945".
  */
 int HourTimeFormatToCurMode(char* buf, int size, int to24);
 
@@ -97,6 +104,10 @@ int HourTimeFormatTo24Mode(char* buf, int size);
  * separators between the numbers that it reads with terminators, so text must be writable. At a
  * missing separator the work stops, and the numbers not yet reached stay as they were. A separator
  * at the very start counts as one. A NULL text does nothing.
+ *
+ * Good to know: each number is read as by strtol. White space and a sign may come first, the first
+ * other character ends it, one without digits is 0, and one beyond 32 bits gives the nearest limit.
+ * A '-' before the first number is its sign and a separator too: "-5-3" gives -5, 5 and 3.
  */
 
 /* Splits "2024-05-17" at '-'. */
@@ -119,8 +130,8 @@ void ParseDateNoYear(char* text, int* month, int* day);
  * Writes rec as text_type says, dates of type 1 in the layout of code. The types 2, 3 and 4 need 9,
  * 6 and 20 bytes. Returns 0.
  *
- * Good to know: in type 1 size is not used, and the sizes of FormatDate hold. An unknown type
- * writes nothing.
+ * Good to know: in type 1 size is not used, and the sizes of FormatDate hold. An unknown type and
+ * a NULL buf write nothing.
  */
 int TTimeToStr(TTime rec, char* buf, int size, int text_type, int code);
 

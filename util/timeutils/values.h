@@ -31,29 +31,33 @@ extern int _daylight;
 
 /*
  * Brings the fields of rec into their ranges, sets tm_wday and tm_yday, and returns the seconds
- * count of the record, or -1 when it lies before 1970 or beyond 2038-01-19 03:14:07.
+ * count of the record, or -1 when it lies before 1970 or beyond 2038-01-19 03:14:07, or is NULL.
  *
  * Good to know:
  *  - The fields are brought into range on failure too. tm_wday and tm_yday are left alone for years
  *    before 1970, but set beyond 2038.
  *  - tm_isdst is not changed; any value but 0 counts as summer time.
- *  - Fields so large that sums of them overflow wrap at 32 bits.
+ *  - Fields so large that sums of them overflow wrap at 32 bits. For years so far that the count
+ *    of days wraps, tm_wday leaves 0 to 6.
  */
 time_t mktime_1(TTime* rec);
 
 /*
- * Returns mktime_1(rec).
+ * Returns mktime_1(rec), -1 for NULL too.
  *
  * Good to know: tm_isdst is set to -1 first, and stays so, also on failure.
  */
 time_t EncodeTime(TTime* rec);
 
-/* Fills out with the local time of seconds, trailing fields included. Returns out. */
+/*
+ * Fills out with the local time of seconds, trailing fields included, by way of localtime's shared
+ * record. Returns out.
+ */
 TTime* DecodeTime(TTime* out, time_t seconds);
 
 /*
  * Returns the old packed time of rec: seconds since 2000-01-01 in a reckoning of 31-day months and
- * 372-day years. Reads the six date and time fields only.
+ * 372-day years, or 0 for NULL. Reads the six date and time fields only.
  *
  * Good to know: nothing is brought into range, and dates beyond 2066-10-25 03:14:07 wrap.
  */
@@ -64,7 +68,8 @@ int OldEncodeTime(const TTime* rec);
  * Returns out.
  *
  * Good to know: the date need not exist, as 30 February does not. A negative value, before 2000, is
- * not brought into range: every field counts back from the start of 2000, and most are negative.
+ * not brought into range: fields count back from the start of 2000, as far as the value reaches.
+ * -1 gives second -1 and all else as on 2000-01-01 00:00; -86400 gives day 0 alone.
  */
 TTime* OldDecodeTime(int packed_time, TTime* out);
 
@@ -104,13 +109,15 @@ int OldStrTimeToSec(const char* text);
 
 /*
  * Writes the local time of seconds as "08:09" and clears the rest of buf's size bytes. Returns 1,
- * or 0 for a NULL buf. Below 6 bytes the text does not fit and may be missing.
+ * or 0 for a NULL buf. Below 6 bytes the text does not fit: its bytes have no meaning then, but
+ * they end in a terminator.
  */
 int SecToHMTime(char* buf, int size, time_t seconds);
 
 /*
  * Writes the local date of seconds as "2024-05-07" and clears the rest of buf's size bytes. Returns
- * 1, or 0 for a NULL buf. Below 11 bytes the text does not fit and may be missing.
+ * 1, or 0 for a NULL buf. Below 11 bytes the text does not fit: its bytes have no meaning then, but
+ * they end in a terminator.
  */
 int SecToYMDTime(char* buf, int size, time_t seconds);
 
@@ -141,11 +148,11 @@ int TimeTimeToInt(const char* text, int* out, int count);
 int IntTimeToStrTime(char* dst, int size, int hhmm);
 
 /*
- * Returns the signed decimal number in text, or default_value when text is empty, is '-' alone or
- * holds anything but digits and blanks before the number's end.
+ * Returns the signed decimal number in text, or default_value when text is NULL, is empty, is '-'
+ * alone or holds anything but digits and blanks before the number's end.
  *
  * Good to know: blanks are skipped while the value is 0 ("- 7" is -7, "0 42" is 42, "   " is 0); a
- * blank behind another value ends the number. Numbers beyond 32 bits wrap.
+ * blank after another value ends the number. Numbers beyond 32 bits wrap.
  */
 int ConvertStrToInt(const char* text, int default_value);
 

@@ -84,6 +84,9 @@ int GetCurTimeNoSec(char* dst, int size) {
 }
 
 void GetClockDT(TClockDT* out) {
+    if (out == nullptr) {
+        return;
+    }
     const TTime now = LocalNow();
     const auto field = [](int value) { return static_cast<unsigned short>(value); };
     out->year = field(now.tm_year + kTmYearBase);
@@ -97,7 +100,9 @@ void GetClockDT(TClockDT* out) {
 }
 
 void GetTime(TTime* out) {
-    *out = LocalNow();
+    if (out != nullptr) {
+        *out = LocalNow();
+    }
 }
 
 int GetLocalTime(int calendar_mode, TTime* out) {
@@ -144,6 +149,9 @@ void Trmmsleep(unsigned int ms) {
 }
 
 int SyncSysTime(TTime* rec) {
+    if (rec == nullptr) {
+        return 1;  // the clock must not become 1970
+    }
     LOG(LOG_DEBUG, "set time test by qhm begin");
     (void)systemEx("date");  // prints the old time; a failure does no harm
     const auto seconds = static_cast<int>(EncodeTime(rec));

@@ -23,7 +23,7 @@ constexpr char kInterface[] = "eth0";
 constexpr int kTextSize = sizeof "00:1a:2b:3c:4d:5e";
 constexpr int kAttempts = 500;
 constexpr unsigned int kPauseMs = 100;
-constexpr int kLoggedByte = 3;  // the first one behind the manufacturer's prefix
+constexpr int kLoggedByte = 3;  // the first one after the manufacturer's prefix
 
 constexpr int kBase = 16;
 constexpr int kLetterValue = 10;  // of A
@@ -71,6 +71,9 @@ int WriteMac(int socket_fd, struct ifreq request, const unsigned char* mac) {
 }  // namespace
 
 int str2mac(const char* text, unsigned char* out) {
+    if (text == nullptr) {
+        return -1;
+    }
     unsigned char mac[kMacSize];
     int count = 0;
     int value = 0;  // wraps: a group may have any number of digits
@@ -95,13 +98,18 @@ int str2mac(const char* text, unsigned char* out) {
     if (count != kMacSize) {
         return -1;
     }
-    memcpy(out, mac, sizeof mac);
+    if (out != nullptr) {
+        memcpy(out, mac, sizeof mac);
+    }
     return 0;
 }
 
 int GetMac(void* buf, int size, int form) {
     if ((form == kFormText && size < kTextSize) || (form == kFormFullBytes && size < kMacSize)) {
         LOG(LOG_WARNING, "Buffer Length too small");
+        return 0;
+    }
+    if (buf == nullptr && size > 0) {
         return 0;
     }
     UniqueFd socket_fd(OpenSocket());

@@ -50,8 +50,8 @@ bool To12Hours(const char* buf, char (&text)[kTextSize]) {
     }
     const int hour = ReadField(buf, 0, kHourWidth);
     const int shown = hour % kNoon != 0 ? hour % kNoon : kNoon;
-    const char* const behind_hour = buf + strnlen(buf, kHourWidth);
-    snprintf(text, sizeof text, "%02d%s %s", shown, behind_hour, hour < kNoon ? "AM" : "PM");
+    const char* const after_hour = buf + strnlen(buf, kHourWidth);
+    snprintf(text, sizeof text, "%02d%s %s", shown, after_hour, hour < kNoon ? "AM" : "PM");
     return true;
 }
 

@@ -26,7 +26,7 @@ struct ClockTime {
 void ParseDateTime(const char* text, int code, int calendar_mode, CalendarDate& date,
                    ClockTime& clock) {
     char date_text[kDateSize] = {};
-    // Without a time the splitter's zero lands at the date's length, behind kTimeSize.
+    // Without a time the splitter's zero lands at the date's length, which may exceed kTimeSize.
     char time_text[kDateSize] = {};
     const char separator = strchr(text, 'T') != nullptr ? 'T' : ' ';
     SplitKeyValueByChar(text, date_text, kDateSize, time_text, kTimeSize, separator);
@@ -37,6 +37,9 @@ void ParseDateTime(const char* text, int code, int calendar_mode, CalendarDate& 
 }  // namespace
 
 int TTimeToStr(TTime rec, char* buf, int size, int text_type, int code) {
+    if (buf == nullptr) {
+        return 0;
+    }
     const CalendarDate date = DateOf(rec);
     switch (text_type) {
         case TEXT_DATE:

@@ -8,20 +8,26 @@
 
 namespace {
 
-// Reads first and, behind a separator each, others, until a separator is missing. The separators
-// that were passed are overwritten, one behind the last number is not.
+void ReadInto(int* number, const char* text) {
+    if (number != nullptr) {
+        *number = ReadInt(text);
+    }
+}
+
+// Reads first and, after a separator each, others, until a separator is missing. The separators
+// that were passed are overwritten, one after the last number is not.
 void SplitNumbers(char* text, char separator, int* first, std::initializer_list<int*> others) {
     if (text == nullptr) {
         return;
     }
-    *first = ReadInt(text);
+    ReadInto(first, text);
     for (int* const number : others) {
         text = strchr(text, separator);
         if (text == nullptr) {
             return;
         }
         *text++ = '\0';
-        *number = ReadInt(text);
+        ReadInto(number, text);
     }
 }
 

@@ -48,8 +48,8 @@ int LengthOf(const MonthDays& date) {
     return MonthLengths(date.year)[date.month];
 }
 
-// The calendar repeats after 400 years: skips as many such cycles as the days hold, as far as the
-// year does not wrap on the way. Years behind the wrap are at another place of the cycle.
+// The calendar repeats after 400 years: skips the whole cycles that the days hold, but only up to
+// the year's limit. Beyond it the year wraps, and lands at another place of the cycle.
 void SkipCycles(MonthDays& date) {
     const int wanted = date.days / kCycleDays;  // of the days' sign
     if (wanted == 0) {
@@ -83,7 +83,7 @@ void SettleMonth(MonthDays& date) {
     SkipCycles(date);
     while (date.days < 0) {
         StepBack(date);
-        SkipCycles(date);  // finds work again only behind the wrap
+        SkipCycles(date);  // finds work again only once the year has wrapped
     }
     while (date.days >= LengthOf(date)) {
         StepForward(date);
@@ -154,6 +154,9 @@ int ApplyZone(int seconds, bool is_summer_time, Overflow& overflow) {
 }  // namespace
 
 time_t mktime_1(TTime* rec) {
+    if (rec == nullptr) {
+        return -1;
+    }
     Normalise(rec);
     if (rec->tm_year < kEpochYear - kTmYearBase) {
         return -1;
@@ -175,6 +178,8 @@ time_t mktime_1(TTime* rec) {
 }
 
 time_t EncodeTime(TTime* rec) {
-    rec->tm_isdst = -1;
+    if (rec != nullptr) {
+        rec->tm_isdst = -1;
+    }
     return mktime_1(rec);
 }

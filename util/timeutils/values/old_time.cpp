@@ -14,6 +14,9 @@ constexpr int kFirstDay = kFirstTmYear * kDaysPerYear + 1;  // 2000-01-01 gives 
 }  // namespace
 
 int OldEncodeTime(const TTime* rec) {
+    if (rec == nullptr) {
+        return 0;
+    }
     // Late dates, and fields of any size, wrap.
     const int64_t days = int64_t{rec->tm_year} * kDaysPerYear +
                          int64_t{rec->tm_mon} * kDaysPerMonth + rec->tm_mday - kFirstDay;
@@ -22,6 +25,9 @@ int OldEncodeTime(const TTime* rec) {
 }
 
 TTime* OldDecodeTime(int packed_time, TTime* out) {
+    if (out == nullptr) {
+        return out;
+    }
     const int days = packed_time / kSecondsPerDay;
     out->tm_sec = packed_time % kSecondsPerMinute;
     out->tm_min = packed_time / kSecondsPerMinute % kMinutesPerHour;

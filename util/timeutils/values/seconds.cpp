@@ -25,13 +25,19 @@ int WriteLocalTime(char* buf, int size, const char* pattern, time_t seconds) {
     TTime rec;
     DecodeTime(&rec, seconds);
     memset(buf, 0, BufferSize(size));
-    (void)strftime(buf, BufferSize(size), pattern, &rec);  // what does not fit is left out
+    // What does not fit leaves the bytes undefined.
+    if (strftime(buf, BufferSize(size), pattern, &rec) == 0 && size > 0) {
+        buf[size - 1] = '\0';
+    }
     return 1;
 }
 
 }  // namespace
 
 TTime* DecodeTime(TTime* out, time_t seconds) {
+    if (out == nullptr) {
+        return out;
+    }
     const time_t low_seconds = WrapToInt32(seconds);  // 32 bits, also where time_t has 64
     *out = *localtime(&low_seconds);
     return out;

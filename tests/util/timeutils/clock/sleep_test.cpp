@@ -216,3 +216,11 @@ TEST(Trmmsleep, LogsNothingOfAWaitThatEndsInTime) {
     Sleep(1500, {{0, EINTR, 0}});
     EXPECT_EQ(log.TakeText(), "");
 }
+
+TEST(Trmmsleep, AClockThatWasSetBackByLessThanHasPassedMakesTheRestLonger) {
+    EXPECT_EQ(Sleep(5000, {Interrupted(3), Interrupted(-2)}), (Timeouts{{5, 0}, {2, 0}, {4, 0}}));
+}
+
+TEST(Trmmsleep, AClockThatWasSetForwardByLessThanTheWaitMakesTheRestShorter) {
+    EXPECT_EQ(Sleep(60000, {Interrupted(40)}), (Timeouts{{60, 0}, {20, 0}}));
+}

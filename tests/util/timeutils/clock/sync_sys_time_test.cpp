@@ -238,3 +238,9 @@ TEST(SyncSysTime, PrintsADateBeforeAndAfterSetting) {
     EXPECT_PRED1(is_a_date, fake.printed_before);
     EXPECT_PRED1(is_a_date, output.Take());
 }
+
+TEST(SyncSysTime, OfNoRecordTakesNoStep) {
+    FakeSystem fake;
+    EXPECT_EQ(SyncSysTime(nullptr), 1);
+    EXPECT_EQ(fake.calls, Calls{});
+}

@@ -157,3 +157,22 @@ TEST(GetMac, IssuesTheRequestAlsoWithoutASocket) {
     EXPECT_EQ(interface.calls, (Calls{"socket 2 2 0", "get on -1"}));
     EXPECT_EQ(log.Take(), std::vector{Line("get mac error:Bad file descriptor")});
 }
+
+TEST(GetMac, WithoutABufferTestsTheSizeAndAsksNobody) {
+    FakeInterface interface;
+    CapturedLog log;
+    EXPECT_EQ(GetMac(nullptr, 17, kText), 0);
+    EXPECT_EQ(log.Take(), std::vector{Line("Buffer Length too small")});
+    EXPECT_EQ(GetMac(nullptr, 18, kText), 0);
+    EXPECT_EQ(GetMac(nullptr, 6, kFullBytes), 0);
+    EXPECT_EQ(GetMac(nullptr, 1, 0), 0);
+    EXPECT_EQ(log.TakeText(), "");
+    EXPECT_EQ(interface.calls, Calls{});
+}
+
+TEST(GetMac, OfNoBytesNeedsNoBuffer) {
+    FakeInterface interface;
+    for (const int size : {0, -1, INT_MIN}) {
+        EXPECT_EQ(GetMac(nullptr, size, 0), 1) << size;
+    }
+}

@@ -208,3 +208,8 @@ TEST(str2mac, AgreesWithReadingByGroupsOnRandomTexts) {
         ExpectSameAsByGroups(text);
     });
 }
+
+TEST(str2mac, WithoutAnOutputOnlyChecksTheText) {
+    EXPECT_EQ(str2mac("1:2:3:4:5:6", nullptr), 0);
+    EXPECT_EQ(str2mac("1:2:3:4:5", nullptr), -1);
+}

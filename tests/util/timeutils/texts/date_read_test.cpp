@@ -138,3 +138,11 @@ TEST(DeFormatDate, ReadsNothingBehindTheTerminator) {
     DeFormatDate(text, 0, 0, &date.year, &date.month, &date.day);
     EXPECT_EQ(date, (Date{2024, 0, 0}));
 }
+
+TEST(DeFormatDate, WidensAYearThatTheTextDoesNotReach) {
+    EXPECT_EQ(Read("05-07", 3, 0), (Date{2000, 5, 7}));
+    EXPECT_EQ(Read("05-07", 3, 1), (Date{1400, 5, 7}));
+    EXPECT_EQ(Read("05-07", 3, 2), (Date{1400, 5, 7}));
+    EXPECT_EQ(Read("", 0), (Date{2000, 0, 0}));
+    EXPECT_EQ(Read("", 9), (Date{0, 0, 0}));
+}

@@ -141,3 +141,13 @@ TEST(HourTimeFormat, OneMarkerAnywhereMakesATwelveHourText) {
     ExpectTo12("19:45 xA", 0, "19:45 xA");
     ExpectTo24("07:45 am", 0, "07:45 am");
 }
+
+TEST(HourTimeFormatTo24Mode, WithoutABlankADigitIsLost) {
+    ExpectTo24("07:45PM", 1, "19:4");
+    ExpectTo24("12:10AM", 1, "00:1");
+}
+
+TEST(HourTimeFormatTo24Mode, AnHourOfOneDigitTakesTheColonAlong) {
+    ExpectTo24("7:45 PM", 1, "1945");
+    ExpectTo24("9:05 AM", 1, "0905");
+}

@@ -12,7 +12,7 @@ std::string ClockText(const TTime& rec) {
            naive::Padded(rec.tm_sec, 2);
 }
 
-// What stands before and behind the first 'T', or without one behind the first blank.
+// What stands before and after the first 'T' or, without one, the first blank.
 std::pair<std::string, std::string> DateAndTime(const std::string& text) {
     const size_t t = text.find('T');
     const size_t end = t != std::string::npos ? t : text.find(' ');

@@ -147,3 +147,40 @@ TEST(Splitters, AgreeWithTheNaiveOnesOnRandomTexts) {
         CompareWithNaive(splitter, random.Text("0123456789-::- +x", 40));
     });
 }
+
+TEST(ParseDate, ReadsTheOthersWhereAnOutputIsMissing) {
+    for (size_t missing = 0; missing < 3; ++missing) {
+        char text[] = "2024-05-17";
+        int numbers[] = {kUntouched, kUntouched, kUntouched};
+        int* outputs[] = {&numbers[0], &numbers[1], &numbers[2]};
+        outputs[missing] = nullptr;
+        ParseDate(text, outputs[0], outputs[1], outputs[2]);
+        for (size_t i = 0; i < 3; ++i) {
+            const int kWhole[] = {2024, 5, 17};
+            EXPECT_EQ(numbers[i], i == missing ? kUntouched : kWhole[i]) << missing;
+        }
+        EXPECT_STREQ(text + 5, "05");
+    }
+}
+
+TEST(ParseDate, NumbersThatAreNoneAreZeroAndLargeOnesStopAtTheLimits) {
+    char text[] = "x-99999999999- 7y";
+    int year = kUntouched;
+    int month = kUntouched;
+    int day = kUntouched;
+    ParseDate(text, &year, &month, &day);
+    EXPECT_EQ(year, 0);
+    EXPECT_EQ(month, INT_MAX);
+    EXPECT_EQ(day, 7);
+}
+
+TEST(ParseDate, AMinusSignBeforeTheYearIsASeparatorToo) {
+    char text[] = "-5-3";
+    int year = kUntouched;
+    int month = kUntouched;
+    int day = kUntouched;
+    ParseDate(text, &year, &month, &day);
+    EXPECT_EQ(year, -5);
+    EXPECT_EQ(month, 5);
+    EXPECT_EQ(day, 3);
+}

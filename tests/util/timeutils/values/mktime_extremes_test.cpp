@@ -24,7 +24,7 @@ constexpr size_t kFullWalks = 4;  // all
 #endif
 
 constexpr int kCycleDays = 146097;
-constexpr int kLastTmYear = INT_MAX - 1900;  // 1900 + tm_year wraps behind it
+constexpr int kLastTmYear = INT_MAX - 1900;  // 1900 + tm_year wraps after it
 
 struct tm Record(int year, int month, int day, const Clock& clock = {}) {
     struct tm rec = RecordOf({}, clock);
@@ -34,7 +34,7 @@ struct tm Record(int year, int month, int day, const Clock& clock = {}) {
     return rec;
 }
 
-// Results, all fields and all bytes behind them.
+// Results, all fields, and all other bytes.
 void ExpectAsNaive(const struct tm& given) {
     struct tm rec = given;
     struct tm naive_rec = given;

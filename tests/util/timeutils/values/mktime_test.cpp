@@ -73,7 +73,7 @@ TEST(EncodeTime, BringsFieldsIntoRange) {
         Moment moment;
         Moment normal;
     } kCases[] = {
-        // Each field at and behind both edges of its range.
+        // Each field at and beyond both edges of its range.
         {{{2024, 1, 1}, {0, 0, 59}}, {{2024, 1, 1}, {0, 0, 59}}},
         {{{2024, 1, 1}, {0, 0, 60}}, {{2024, 1, 1}, {0, 1, 0}}},
         {{{2024, 1, 1}, {0, 0, -1}}, {{2023, 12, 31}, {23, 59, 59}}},
@@ -175,7 +175,7 @@ TEST(EncodeTime, SetsWeekdayAndDayOfYearAlsoBeyondTheLastSecond) {
 }
 
 TEST(EncodeTime, RefusesWhatOnlyLooksSmallBehindTheWrap) {
-    // 2106-02-07 06:28:16 lies 2^32 seconds behind 1970. Behind it, day counts grow, wrap, and come
+    // 2106-02-07 06:28:16 comes 2^32 seconds after 1970. After it day counts grow, wrap, and come
     // back to what 1981 has: some 4,000 days, after 1, 100 and 182 rounds.
     for (const Date& date :
          {Date{2106, 2, 8}, Date{5885486, 1, 1}, Date{5885487, 1, 1}, Date{11761203, 1, 1},

@@ -33,11 +33,12 @@ struct tm Decoded(time_t t) {
 
 using Writer = int (*)(char*, int, time_t);
 
-// What strftime leaves in a cleared buffer of that size.
+// What strftime leaves in a cleared buffer of that size, terminated in every case.
 std::string ClearedAndWritten(const char* pattern, int size, time_t t) {
     const struct tm rec = Decoded(t);
     std::string buffer(static_cast<size_t>(size), '\0');
     strftime(buffer.data(), buffer.size(), pattern, &rec);
+    buffer.back() = '\0';
     return buffer;
 }
 
@@ -168,6 +169,24 @@ TEST(SecToYMDTime, ClearsTheBufferAndStaysInside) {
     GuardedBuffer exact(sizeof "2024-03-05");
     EXPECT_EQ(SecToYMDTime(exact.data(), exact.size(), kWinter), 1);
     exact.ExpectHolds(Terminated("2024-03-05"));
+}
+
+TEST(SecToHMTime, TerminatesATextThatDoesNotFit) {
+    for (int size = 1; size <= 5; ++size) {
+        GuardedBuffer buffer(static_cast<size_t>(size));
+        EXPECT_EQ(SecToHMTime(buffer.data(), size, kWinter), 1);
+        EXPECT_EQ(buffer.at(size - 1), '\0') << size;
+        EXPECT_EQ(buffer.at(size), GuardedBuffer::kFill) << size;
+    }
+}
+
+TEST(SecToYMDTime, TerminatesATextThatDoesNotFit) {
+    for (int size = 1; size <= 10; ++size) {
+        GuardedBuffer buffer(static_cast<size_t>(size));
+        EXPECT_EQ(SecToYMDTime(buffer.data(), size, kWinter), 1);
+        EXPECT_EQ(buffer.at(size - 1), '\0') << size;
+        EXPECT_EQ(buffer.at(size), GuardedBuffer::kFill) << size;
+    }
 }
 
 TEST(SecToHMTime, WritesNothingWithoutABuffer) {
