@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kLastYear = 3000;
 
-// The leap years of the rule before 474 whose last day the day numbers give to the year behind.
+// The leap years of the rule before 474 whose last day the day numbers give to the next year.
 // The published arithmetic has them; from 474 on rule and day numbers agree.
 constexpr int kEarlyLeapYears[] = {24,  57,  90,  119, 152, 185, 218,
                                    247, 280, 313, 346, 375, 408, 441};
@@ -85,7 +85,7 @@ TEST(PersianYears, EarlyLeapDaysFallOnTheNextNewYear) {
     for (const int year : kEarlyLeapYears) {
         EXPECT_EQ(ThroughGregorian(1, {year, 12, 29}), (Date{year, 12, 29}));
         EXPECT_EQ(ThroughGregorian(1, {year, 12, 30}), (Date{year + 1, 1, 1}));
-        // The day is found at the end of the year behind, which is none by the rule.
+        // The day is found at the end of the next year, which is none by the rule.
         EXPECT_EQ(ThroughGregorian(1, {year + 1, 12, 30}), (Date{year + 1, 12, 30}));
     }
 }

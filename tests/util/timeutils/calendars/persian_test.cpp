@@ -160,7 +160,7 @@ TEST(PersianTmToChrisTm, CountsImpossibleDatesOn) {
 }
 
 TEST(ChrisTmToPersianTm, NumbersTheLastDayOfACycle) {
-    // 1029982 days behind the start of 475: the 2820th year of the cycle, a leap year.
+    // 1029982 days after the start of 475: the 2820th year of the cycle, a leap year.
     const Date last = ToGregorian({3294, 12, 30});
     EXPECT_EQ(FromGregorian(last), (Date{3294, 12, 30}));
     EXPECT_EQ(FromGregorian({last.year, last.month, last.day + 1}), (Date{3295, 1, 1}));
