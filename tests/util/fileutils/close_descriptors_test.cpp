@@ -75,11 +75,11 @@ private:
     pid_t pid_;
 };
 
-class CloseDescriptors : public KeepsDescriptors {};
+class CloseChildProcFdTest : public KeepsDescriptors {};
 
 }  // namespace
 
-TEST_F(CloseDescriptors, OfItsOwnProcessClosesAll) {
+TEST_F(CloseChildProcFdTest, ClosesAllOfItsOwnProcess) {
     struct Record {
         int result;
         int left;
@@ -99,7 +99,7 @@ TEST_F(CloseDescriptors, OfItsOwnProcessClosesAll) {
     EXPECT_EQ(record->next, 0);
 }
 
-TEST_F(CloseDescriptors, OfAnotherProcessClosesTheSameNumbersHere) {
+TEST_F(CloseChildProcFdTest, ClosesTheNumbersOfAnotherProcessHere) {
     const OtherProcess other({kFirst, kThird});
     for (const int fd : {kFirst, kSecond, kThird}) {
         ASSERT_EQ(dup2(STDIN_FILENO, fd), fd);
@@ -115,12 +115,12 @@ TEST_F(CloseDescriptors, OfAnotherProcessClosesTheSameNumbersHere) {
     close(kSecond);
 }
 
-TEST_F(CloseDescriptors, IgnoresNumbersThatAreNotOpenHere) {
+TEST_F(CloseChildProcFdTest, IgnoresNumbersThatAreNotOpenHere) {
     const OtherProcess other({kFirst});
     EXPECT_EQ(CloseChildProcFd(other.pid()), 1);
 }
 
-TEST_F(CloseDescriptors, OfNoProcessClosesNothing) {
+TEST_F(CloseChildProcFdTest, ClosesNothingForNoProcess) {
     const pid_t gone = fork();
     if (gone == 0) {
         _exit(0);

@@ -67,6 +67,9 @@ private:
     const mode_t old_umask_;
 };
 
+// Its tests stand in two files.
+class TrGetFileNameTest : public CursorFolder {};
+
 inline std::set<std::string> AsSet(const std::vector<std::string>& names) {
     return {names.begin(), names.end()};
 }

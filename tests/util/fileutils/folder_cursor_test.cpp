@@ -15,7 +15,7 @@ using Texts = std::vector<std::string>;
 DIR* const dir_at_start = gFolderDir;
 const std::string name_at_start(gFolderName, sizeof gFolderName);
 
-class FolderCursor : public CursorFolder {
+class TrOpenFolderTest : public CursorFolder {
 protected:
     // Fails unless the whole array holds name and zeros.
     static void ExpectName(const std::string& name) {
@@ -25,16 +25,18 @@ protected:
     }
 };
 
+class TrCloseFolderTest : public TrOpenFolderTest {};
+
 }  // namespace
 
 static_assert(sizeof gFolderName == 256);
 
-TEST_F(FolderCursor, IsZeroAtFirst) {
+TEST(FolderCursor, IsZeroAtFirst) {
     EXPECT_EQ(dir_at_start, nullptr);
     EXPECT_EQ(name_at_start, std::string(sizeof gFolderName, '\0'));
 }
 
-TEST_F(FolderCursor, OpensAndCloses) {
+TEST_F(TrCloseFolderTest, ClosesTheFolderAndKeepsItsName) {
     EXPECT_EQ(TrOpenFolder(folder().c_str()), 1);
     EXPECT_NE(gFolderDir, nullptr);
     ExpectName(folder());
@@ -43,7 +45,7 @@ TEST_F(FolderCursor, OpensAndCloses) {
     ExpectName(folder());  // of the last folder, open or not
 }
 
-TEST_F(FolderCursor, ClosesTwice) {
+TEST_F(TrCloseFolderTest, DoesNothingWithoutAnOpenFolder) {
     EXPECT_EQ(TrCloseFolder(), 1);
     ASSERT_EQ(TrOpenFolder(folder().c_str()), 1);
     EXPECT_EQ(TrCloseFolder(), 1);
@@ -51,7 +53,7 @@ TEST_F(FolderCursor, ClosesTwice) {
     EXPECT_EQ(gFolderDir, nullptr);
 }
 
-TEST_F(FolderCursor, KeepsNothingOfALongerName) {
+TEST_F(TrOpenFolderTest, KeepsNothingOfALongerName) {
     mkdir(Path("longer").c_str(), 0755);
     ASSERT_EQ(TrOpenFolder(Path("longer").c_str()), 1);
     TrCloseFolder();
@@ -59,7 +61,7 @@ TEST_F(FolderCursor, KeepsNothingOfALongerName) {
     ExpectName("/");
 }
 
-TEST_F(FolderCursor, IsNullAfterAFolderThatCannotBeOpened) {
+TEST_F(TrOpenFolderTest, LeavesNoFolderWhenItCannotBeOpened) {
     CapturedLog log;
     CapturedStream errors(stderr);
     Write("file", "");
@@ -71,7 +73,7 @@ TEST_F(FolderCursor, IsNullAfterAFolderThatCannotBeOpened) {
     EXPECT_EQ(log.TakeText() + errors.Take(), "");
 }
 
-TEST_F(FolderCursor, IsNullAfterAFailureOverAnOpenFolder) {
+TEST_F(TrOpenFolderTest, AFailureDropsAnOpenFolder) {
     ASSERT_EQ(TrOpenFolder(folder().c_str()), 1);
     DIR* const first = gFolderDir;
     EXPECT_EQ(TrOpenFolder(Path("missing").c_str()), 0);
@@ -80,7 +82,7 @@ TEST_F(FolderCursor, IsNullAfterAFailureOverAnOpenFolder) {
     closedir(first);
 }
 
-TEST_F(FolderCursor, DoesNotCloseTheFolderThatIsOpen) {
+TEST_F(TrOpenFolderTest, DoesNotCloseTheFolderThatIsOpen) {
     Write("file", "");
     mkdir(Path("other").c_str(), 0755);
     ASSERT_EQ(TrOpenFolder(folder().c_str()), 1);
@@ -93,7 +95,7 @@ TEST_F(FolderCursor, DoesNotCloseTheFolderThatIsOpen) {
     closedir(first);
 }
 
-TEST_F(FolderCursor, IsNotTouchedByNull) {
+TEST_F(TrOpenFolderTest, NullLeavesTheCursorAlone) {
     Write("file", "");
     CapturedLog log;
     EXPECT_EQ(TrOpenFolder(nullptr), 0);
@@ -108,7 +110,7 @@ TEST_F(FolderCursor, IsNotTouchedByNull) {
     EXPECT_EQ(Delivered(), Texts{"file"});
 }
 
-TEST_F(FolderCursor, OpensTheWholePathAndKeeps255Characters) {
+TEST_F(TrOpenFolderTest, OpensTheWholePathAndKeeps255Characters) {
     for (const size_t length : {size_t{254}, size_t{255}, size_t{256}, size_t{400}}) {
         const std::string path = FolderOfLength(length);
         ASSERT_EQ(path.size(), length);
@@ -118,7 +120,7 @@ TEST_F(FolderCursor, OpensTheWholePathAndKeeps255Characters) {
     }
 }
 
-TEST_F(FolderCursor, SaysNothingWhenItWorks) {
+TEST_F(TrOpenFolderTest, SaysNothingWhenItWorks) {
     CapturedLog log;
     CapturedStream errors(stderr);
     TrOpenFolder(folder().c_str());

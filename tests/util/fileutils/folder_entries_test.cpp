@@ -24,18 +24,16 @@ LogLine NoStatus(const std::string& path, const std::string& name) {
             "Path:" + path + ",name:" + name + ", stat fail!!!"};
 }
 
-class FolderEntries : public CursorFolder {};
-
 }  // namespace
 
-TEST_F(FolderEntries, AreRegularFilesAndFolders) {
+TEST_F(TrGetFileNameTest, DeliversRegularFilesAndFolders) {
     MakeEveryKind();
     CapturedStream errors(stderr);
     ASSERT_EQ(TrOpenFolder(folder().c_str()), 1);
     EXPECT_EQ(AsSet(Delivered()), (std::set<std::string>{"file", "folder", "link", "folder_link"}));
 }
 
-TEST_F(FolderEntries, ComeInTheFoldersOrder) {
+TEST_F(TrGetFileNameTest, DeliversInTheFoldersOrder) {
     for (int i = 0; i < 50; ++i) {
         Write("f" + std::to_string(i * 37 % 50), "");
     }
@@ -48,7 +46,7 @@ TEST_F(FolderEntries, ComeInTheFoldersOrder) {
     EXPECT_EQ(TrGetFileName(nullptr, nullptr), 0);  // does not begin again
 }
 
-TEST_F(FolderEntries, AreAllLoggedWhetherDeliveredOrNot) {
+TEST_F(TrGetFileNameTest, LogsEntriesWhetherDeliveredOrNot) {
     MakeEveryKind();
     CapturedLog log;
     CapturedStream errors(stderr);
@@ -74,7 +72,7 @@ TEST_F(FolderEntries, AreAllLoggedWhetherDeliveredOrNot) {
     EXPECT_EQ(errors.Take(), "test===========: No such file or directory\n");
 }
 
-TEST_F(FolderEntries, AreLoggedUpToTheOneDelivered) {
+TEST_F(TrGetFileNameTest, LogsUpToTheEntryDelivered) {
     Write("file", "");
     CapturedLog log;
     ASSERT_EQ(TrOpenFolder(folder().c_str()), 1);
@@ -84,7 +82,7 @@ TEST_F(FolderEntries, AreLoggedUpToTheOneDelivered) {
     EXPECT_EQ(log.Take().size(), static_cast<size_t>(position) + 1);
 }
 
-TEST_F(FolderEntries, AreChosenByTheTypeBitsOfTheirMode) {
+TEST_F(TrGetFileNameTest, ChoosesByTheTypeBitsOfTheMode) {
     Write("file", "");
     FakeFolders fake;
     for (mode_t type = 0; type <= 0xF; ++type) {
@@ -106,7 +104,7 @@ TEST_F(FolderEntries, AreChosenByTheTypeBitsOfTheirMode) {
     }
 }
 
-TEST_F(FolderEntries, ArePassedOverByNameOnlyWhenDots) {
+TEST_F(TrGetFileNameTest, PassesOverByNameOnlyTheDots) {
     for (const char* name : {"...", ".hidden", "..x", ". ", ".. "}) {
         Write(name, "");
     }
@@ -114,7 +112,7 @@ TEST_F(FolderEntries, ArePassedOverByNameOnlyWhenDots) {
     EXPECT_EQ(AsSet(Delivered()), (std::set<std::string>{"...", ".hidden", "..x", ". ", ".. "}));
 }
 
-TEST_F(FolderEntries, AreLookedUpBehindTwoSlashes) {
+TEST_F(TrGetFileNameTest, LooksUpBehindTwoSlashes) {
     Write("file", "");
     FakeFolders fake;
     ASSERT_EQ(TrOpenFolder((folder() + "/").c_str()), 1);
@@ -123,7 +121,7 @@ TEST_F(FolderEntries, AreLookedUpBehindTwoSlashes) {
               (std::set<std::string>{folder() + "///.", folder() + "///..", folder() + "///file"}));
 }
 
-TEST_F(FolderEntries, WithoutStatusHaveItsErrorOnStandardError) {
+TEST_F(TrGetFileNameTest, ReportsAMissingStatusOnStandardError) {
     Write("file", "");
     FakeFolders fake;
     fake.on_stat = [](const std::string&, struct stat*) {
@@ -148,7 +146,7 @@ TEST_F(FolderEntries, WithoutStatusHaveItsErrorOnStandardError) {
     EXPECT_EQ(memcmp(&status, untouched.data(), sizeof status), 0);
 }
 
-TEST_F(FolderEntries, AreTheLongestNamesInTheLongestFolder) {
+TEST_F(TrGetFileNameTest, DeliversTheLongestNamesInTheLongestFolder) {
     const std::string path = FolderOfLength(255);
     const std::string fits(254, 'n');
     std::filesystem::current_path(path);
@@ -177,7 +175,7 @@ TEST_F(FolderEntries, AreTheLongestNamesInTheLongestFolder) {
     std::filesystem::current_path("/");
 }
 
-TEST_F(FolderEntries, OfAFolderWithACutNameHaveNoStatus) {
+TEST_F(TrGetFileNameTest, FindsNoStatusInAFolderWithACutName) {
     const std::string path = FolderOfLength(300);
     CapturedLog log;
     CapturedStream errors(stderr);

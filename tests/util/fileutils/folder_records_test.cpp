@@ -26,31 +26,27 @@ Record Filled(char fill) {
     return record;
 }
 
-class FolderRecords : public CursorFolder {
-protected:
-    // Gives this entry once, as a regular file, then the end.
-    void Give(struct dirent* entry) {
-        fake_.on_readdir = [entry, given = false]() mutable {
-            return std::exchange(given, true) ? nullptr : entry;
-        };
-        fake_.on_stat = [](const std::string&, struct stat* out) {
-            memset(out, 0x3C, sizeof *out);
-            out->st_mode = S_IFREG;
-            return 0;
-        };
-        TrOpenFolder(folder().c_str());
-    }
-
-    FakeFolders fake_;
-};
+// Gives this entry once, as a regular file, then the end.
+void Give(FakeFolders& fake, struct dirent* entry) {
+    fake.on_readdir = [entry, given = false]() mutable {
+        return std::exchange(given, true) ? nullptr : entry;
+    };
+    fake.on_stat = [](const std::string&, struct stat* out) {
+        memset(out, 0x3C, sizeof *out);
+        out->st_mode = S_IFREG;
+        return 0;
+    };
+}
 
 }  // namespace
 
-TEST_F(FolderRecords, AreDeliveredWhole) {
+TEST_F(TrGetFileNameTest, DeliversWholeRecords) {
     auto given = Filled<struct dirent>(0x11);
     given.d_reclen = sizeof given;
     strcpy(given.d_name, "name");
-    Give(&given);
+    FakeFolders fake;
+    Give(fake, &given);
+    ASSERT_EQ(TrOpenFolder(folder().c_str()), 1);
     auto entry = Filled<struct dirent>(kFill);
     auto status = Filled<struct stat>(kFill);
     ASSERT_EQ(TrGetFileName(&entry, &status), 1);
@@ -60,7 +56,7 @@ TEST_F(FolderRecords, AreDeliveredWhole) {
     EXPECT_EQ(BytesOf(status), BytesOf(expected));
 }
 
-TEST_F(FolderRecords, DoNotReachBehindTheKernelsEntry) {
+TEST_F(TrGetFileNameTest, DoesNotReadBehindTheKernelsEntry) {
     // The last entry of the kernel's block may end where the block does.
     const size_t length = offsetof(struct dirent, d_name) + 8;
     const std::unique_ptr<char[]> block(new char[length]);
@@ -68,14 +64,15 @@ TEST_F(FolderRecords, DoNotReachBehindTheKernelsEntry) {
     memset(block.get(), 0x11, length);
     given->d_reclen = static_cast<unsigned short>(length);
     strcpy(given->d_name, "name");
-    Give(given);
+    FakeFolders fake;
+    Give(fake, given);
+    ASSERT_EQ(TrOpenFolder(folder().c_str()), 1);
     auto entry = Filled<struct dirent>(kFill);
     ASSERT_EQ(TrGetFileName(&entry, nullptr), 1);
     EXPECT_EQ(BytesOf(entry).substr(0, length), std::string(block.get(), length));
 }
 
-TEST_F(FolderRecords, AreThoseOfTheFile) {
-    fake_.on_stat = nullptr;
+TEST_F(TrGetFileNameTest, DeliversTheRecordsOfTheFile) {
     Write("file", "12345");
     ASSERT_EQ(TrOpenFolder(folder().c_str()), 1);
     struct dirent entry;
@@ -90,7 +87,7 @@ TEST_F(FolderRecords, AreThoseOfTheFile) {
     EXPECT_EQ(status.st_size, 5);
 }
 
-TEST_F(FolderRecords, OfALinkAreItsOwnNameAndTheTargetsStatus) {
+TEST_F(TrGetFileNameTest, ALinkHasItsOwnNameAndTheTargetsStatus) {
     Write("target", "12345");
     mkdir(Path("folder").c_str(), 0755);
     symlink("../target", Path("folder/link").c_str());
@@ -107,7 +104,7 @@ TEST_F(FolderRecords, OfALinkAreItsOwnNameAndTheTargetsStatus) {
     EXPECT_EQ(status.st_size, 5);
 }
 
-TEST_F(FolderRecords, MayBeLeftOut) {
+TEST_F(TrGetFileNameTest, LeavesOutWhatIsNull) {
     Write("file", "12345");
     struct dirent entry;
     struct stat status;
@@ -125,7 +122,7 @@ TEST_F(FolderRecords, MayBeLeftOut) {
     }
 }
 
-TEST_F(FolderRecords, AreUntouchedAtTheEnd) {
+TEST_F(TrGetFileNameTest, WritesNothingAtTheEnd) {
     mkfifo(Path("fifo").c_str(), 0644);
     ASSERT_EQ(TrOpenFolder(folder().c_str()), 1);
     auto entry = Filled<struct dirent>(kFill);
@@ -135,7 +132,7 @@ TEST_F(FolderRecords, AreUntouchedAtTheEnd) {
     EXPECT_EQ(BytesOf(status), std::string(sizeof status, kFill));
 }
 
-TEST_F(FolderRecords, OfAFolderThatFillsManyOfTheKernelsBlocksAreAllDelivered) {
+TEST_F(TrGetFileNameTest, DeliversAFolderThatFillsManyOfTheKernelsBlocks) {
     constexpr int kFiles = 3000;
     for (int i = 0; i < kFiles; ++i) {
         Write(std::to_string(i), "");

@@ -16,11 +16,11 @@ LogLine Warning(const std::string& message) {
     return {"Warning", "fileutils", "GetFileCountOfFolder", message};
 }
 
-class FileCount : public CursorFolder {};
+class GetFileCountOfFolderTest : public CursorFolder {};
 
 }  // namespace
 
-TEST_F(FileCount, LeavesTheDotsOut) {
+TEST_F(GetFileCountOfFolderTest, LeavesTheDotsOut) {
     EXPECT_EQ(GetFileCountOfFolder(folder().c_str()), 0);
     for (const char* name : {"1", "2", "3"}) {
         Write(name, "");
@@ -30,12 +30,12 @@ TEST_F(FileCount, LeavesTheDotsOut) {
     EXPECT_EQ(GetFileCountOfFolder(folder().c_str()), 4);
 }
 
-TEST_F(FileCount, CountsEveryKind) {
+TEST_F(GetFileCountOfFolderTest, CountsEveryKind) {
     MakeEveryKind();
     EXPECT_EQ(GetFileCountOfFolder(folder().c_str()), 7);
 }
 
-TEST_F(FileCount, TakesTwoOffWhateverTheFolderHolds) {
+TEST_F(GetFileCountOfFolderTest, TakesTwoOffWhateverTheFolderHolds) {
     FakeFolders fake;
     int left = 1;
     struct dirent entry = {};
@@ -46,13 +46,13 @@ TEST_F(FileCount, TakesTwoOffWhateverTheFolderHolds) {
     EXPECT_EQ(GetFileCountOfFolder(folder().c_str()), -2);
 }
 
-TEST_F(FileCount, IsZeroForNull) {
+TEST_F(GetFileCountOfFolderTest, IsZeroForNull) {
     CapturedLog log;
     EXPECT_EQ(GetFileCountOfFolder(nullptr), 0);
     EXPECT_EQ(log.Take(), Lines{Warning("PFolderName is NULL")});
 }
 
-TEST_F(FileCount, IsZeroForWhatIsNoFolder) {
+TEST_F(GetFileCountOfFolderTest, IsZeroForWhatIsNoFolder) {
     Write("file", "");
     CapturedLog log;
     CapturedStream errors(stderr);
@@ -63,7 +63,7 @@ TEST_F(FileCount, IsZeroForWhatIsNoFolder) {
     EXPECT_EQ(errors.Take(), "");
 }
 
-TEST_F(FileCount, SaysNothingWhenItWorks) {
+TEST_F(GetFileCountOfFolderTest, SaysNothingWhenItWorks) {
     FakeFolders fake;
     Write("file", "");
     CapturedLog log;
@@ -72,7 +72,7 @@ TEST_F(FileCount, SaysNothingWhenItWorks) {
     EXPECT_TRUE(fake.stat_paths.empty());
 }
 
-TEST_F(FileCount, DoesNotTouchTheCursor) {
+TEST_F(GetFileCountOfFolderTest, DoesNotTouchTheCursor) {
     mkdir(Path("other").c_str(), 0755);
     Write("other/1", "");
     Write("other/2", "");

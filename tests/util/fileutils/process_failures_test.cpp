@@ -16,14 +16,14 @@
 
 namespace {
 
-class SystemExFailures : public KeepsDescriptors {
+class systemExTest : public KeepsDescriptors {
 protected:
     FakeChildren fake_;
 };
 
 }  // namespace
 
-TEST_F(SystemExFailures, IsMinus1WithoutAChild) {
+TEST_F(systemExTest, IsMinus1WithoutAChild) {
     CapturedLog log;
     CapturedStream errors(stderr);
     fake_.vfork_errno = EAGAIN;
@@ -38,13 +38,13 @@ TEST_F(SystemExFailures, IsMinus1WithoutAChild) {
     EXPECT_EQ(log.TakeText(), "");
 }
 
-TEST_F(SystemExFailures, MakesNoChildForNull) {
+TEST_F(systemExTest, MakesNoChildForNull) {
     EXPECT_EQ(systemEx(nullptr), -2);
     EXPECT_EQ(fake_.vfork_calls, 0);
     EXPECT_EQ(fake_.wait_calls, 0);
 }
 
-TEST_F(SystemExFailures, StartsTheShellWithTheCommand) {
+TEST_F(systemExTest, StartsTheShellWithTheCommand) {
     systemEx("echo  \"a\" && true");
     EXPECT_EQ(fake_.exec->calls, 1);
     EXPECT_STREQ(fake_.exec->path, "/bin/sh");
@@ -54,7 +54,7 @@ TEST_F(SystemExFailures, StartsTheShellWithTheCommand) {
     EXPECT_STREQ(fake_.exec->arguments[2], "echo  \"a\" && true");
 }
 
-TEST_F(SystemExFailures, ClosesNothingInTheChild) {
+TEST_F(systemExTest, ClosesNothingInTheChild) {
     systemEx("true");
     const std::set<int> open = OpenDescriptors();
     for (int fd = 0; fd < ExecRecord::kDescriptors; ++fd) {
@@ -62,7 +62,7 @@ TEST_F(SystemExFailures, ClosesNothingInTheChild) {
     }
 }
 
-TEST_F(SystemExFailures, IsZeroWhenTheShellCannotBeStarted) {
+TEST_F(systemExTest, IsZeroWhenTheShellCannotBeStarted) {
     CapturedLog log;
     CapturedStream errors(stderr);
     EXPECT_EQ(systemEx("exit 3"), 0);
@@ -70,14 +70,14 @@ TEST_F(SystemExFailures, IsZeroWhenTheShellCannotBeStarted) {
     EXPECT_EQ(log.TakeText() + errors.Take(), "");
 }
 
-TEST_F(SystemExFailures, EndsTheChildWithoutFlushingStreams) {
+TEST_F(systemExTest, EndsTheChildWithoutFlushingStreams) {
     CapturedStream output(stdout);
     printf("still in the buffer");
     EXPECT_EQ(systemEx("true"), 0);
     EXPECT_EQ(output.Take(), "still in the buffer");  // once
 }
 
-TEST_F(SystemExFailures, WaitsOnceForThatChild) {
+TEST_F(systemExTest, WaitsOnceForThatChild) {
     EXPECT_EQ(systemEx("true"), 0);
     EXPECT_EQ(fake_.wait_calls, 1);
     EXPECT_GT(fake_.child, 0);
@@ -86,7 +86,7 @@ TEST_F(SystemExFailures, WaitsOnceForThatChild) {
     EXPECT_EQ(fake_.status_before, 0);
 }
 
-TEST_F(SystemExFailures, IsZeroAfterAnInterruptedWait) {
+TEST_F(systemExTest, IsZeroAfterAnInterruptedWait) {
     CapturedLog log;
     CapturedStream errors(stderr);
     fake_.interrupted = true;
@@ -98,7 +98,7 @@ TEST_F(SystemExFailures, IsZeroAfterAnInterruptedWait) {
     EXPECT_EQ(waitpid(fake_.child, &status, 0), fake_.child);
 }
 
-TEST_F(SystemExFailures, ChangesNoSignals) {
+TEST_F(systemExTest, ChangesNoSignals) {
     struct sigaction handled = {};
     handled.sa_handler = [](int) {};
     struct sigaction old_quit;

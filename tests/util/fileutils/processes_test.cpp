@@ -18,7 +18,7 @@
 
 namespace {
 
-class SystemEx : public KeepsDescriptors {
+class systemExTest : public KeepsDescriptors {
 protected:
     // What the command prints.
     static std::string OutputOf(const std::string& command) {
@@ -42,7 +42,7 @@ protected:
 
 static_assert(sizeof(systemEx("")) == 4);
 
-TEST_F(SystemEx, GivesTheRawWaitStatus) {
+TEST_F(systemExTest, GivesTheRawWaitStatus) {
     const struct rlimit no_core = {0, 0};
     ASSERT_EQ(setrlimit(RLIMIT_CORE, &no_core), 0);
     const struct {
@@ -65,20 +65,20 @@ TEST_F(SystemEx, GivesTheRawWaitStatus) {
     }
 }
 
-TEST_F(SystemEx, Gives127TimesAs256ForAnUnknownCommand) {
+TEST_F(systemExTest, Gives127TimesAs256ForAnUnknownCommand) {
     CapturedStream errors(stderr);
     EXPECT_EQ(systemEx("/no/such/command"), 32512);
     EXPECT_NE(errors.Take(), "");  // the shell's own complaint
 }
 
-TEST_F(SystemEx, IsMinus2ForNull) {
+TEST_F(systemExTest, IsMinus2ForNull) {
     CapturedLog log;
     CapturedStream errors(stderr);
     EXPECT_EQ(systemEx(nullptr), -2);
     EXPECT_EQ(log.TakeText() + errors.Take(), "");
 }
 
-TEST_F(SystemEx, ReportsNothingItself) {
+TEST_F(systemExTest, ReportsNothingItself) {
     CapturedLog log;
     CapturedStream errors(stderr);
     systemEx("true");
@@ -87,14 +87,14 @@ TEST_F(SystemEx, ReportsNothingItself) {
     EXPECT_EQ(log.TakeText() + errors.Take(), "");
 }
 
-TEST_F(SystemEx, HandsTheCommandOverAsItStands) {
+TEST_F(systemExTest, HandsTheCommandOverAsItStands) {
     EXPECT_EQ(OutputOf("echo  'a  b'; echo \"$((1 + 2))\" | cat; echo %s%n"), "a  b\n3\n%s%n\n");
     EXPECT_EQ(OutputOf("echo $0 $#"), "sh 0\n");
     const std::string text(100000, 'x');
     EXPECT_EQ(OutputOf("echo " + text), text + "\n");
 }
 
-TEST_F(SystemEx, InheritsStandardOutputAndError) {
+TEST_F(systemExTest, InheritsStandardOutputAndError) {
     CapturedStream output(stdout);
     CapturedStream errors(stderr);
     EXPECT_EQ(systemEx("echo out; echo err >&2"), 0);
@@ -102,7 +102,7 @@ TEST_F(SystemEx, InheritsStandardOutputAndError) {
     EXPECT_EQ(errors.Take(), "err\n");
 }
 
-TEST_F(SystemEx, InheritsDescriptors) {
+TEST_F(systemExTest, InheritsDescriptors) {
     constexpr int kFree = 57;
     ASSERT_EQ(dup2(STDIN_FILENO, kFree), kFree);
     EXPECT_EQ(systemEx("test -e /proc/$$/fd/57"), 0);
@@ -110,7 +110,7 @@ TEST_F(SystemEx, InheritsDescriptors) {
     EXPECT_EQ(systemEx("test -e /proc/$$/fd/57"), 256);
 }
 
-TEST_F(SystemEx, InheritsEnvironmentAndFolder) {
+TEST_F(systemExTest, InheritsEnvironmentAndFolder) {
     char folder[4096];
     ASSERT_NE(getcwd(folder, sizeof folder), nullptr);
     ASSERT_EQ(chdir("/dev/shm"), 0);
@@ -121,7 +121,7 @@ TEST_F(SystemEx, InheritsEnvironmentAndFolder) {
     ASSERT_EQ(chdir(folder), 0);
 }
 
-TEST_F(SystemEx, ChangesNoSignalsOfTheChild) {
+TEST_F(systemExTest, ChangesNoSignalsOfTheChild) {
     const auto old_handler = signal(SIGUSR1, SIG_IGN);
     const unsigned long long watched =
         Bit(SIGUSR1) | Bit(SIGUSR2) | Bit(SIGINT) | Bit(SIGQUIT) | Bit(SIGCHLD) | Bit(SIGTERM);
@@ -129,7 +129,7 @@ TEST_F(SystemEx, ChangesNoSignalsOfTheChild) {
     signal(SIGUSR1, old_handler);
 }
 
-TEST_F(SystemEx, LeavesOtherChildrenAlone) {
+TEST_F(systemExTest, LeavesOtherChildrenAlone) {
     const pid_t other = fork();
     if (other == 0) {
         _exit(5);
@@ -141,7 +141,7 @@ TEST_F(SystemEx, LeavesOtherChildrenAlone) {
     EXPECT_EQ(waitpid(-1, &status, WNOHANG), -1);  // its own child is gone
 }
 
-TEST_F(SystemEx, GivesEachThreadItsOwnStatus) {
+TEST_F(systemExTest, GivesEachThreadItsOwnStatus) {
     std::array<int, 8> statuses = {};
     std::array<std::thread, statuses.size()> threads;
     for (size_t i = 0; i < threads.size(); ++i) {

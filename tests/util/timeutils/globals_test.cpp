@@ -43,7 +43,7 @@ std::string PermissionsOf(const void* address) {
 
 }  // namespace
 
-TEST(YearTable, HoldsTheMonthLengths) {
+TEST(Globals, YearTableHoldsTheMonthLengths) {
     const int kCommon[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     const int kLeap[] = {31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     for (int month = 0; month < 12; ++month) {
@@ -52,18 +52,18 @@ TEST(YearTable, HoldsTheMonthLengths) {
     }
 }
 
-TEST(YearTable, LiesInReadOnlyMemory) {
+TEST(Globals, YearTableLiesInReadOnlyMemory) {
     EXPECT_EQ(PermissionsOf(&_ytab[0][0]).substr(0, 2), "r-");
     EXPECT_EQ(PermissionsOf(&_ytab[1][11]).substr(0, 2), "r-");
 }
 
-TEST(ZoneGlobals, AreWritable) {
+TEST(Globals, ZoneIsWritable) {
     EXPECT_EQ(PermissionsOf(&_timezone).substr(0, 2), "rw");
     EXPECT_EQ(PermissionsOf(&_dstbias).substr(0, 2), "rw");
     EXPECT_EQ(PermissionsOf(&_daylight).substr(0, 2), "rw");
 }
 
-TEST(ZoneGlobals, AreZeroUnlessACallerSetsThem) {
+TEST(Globals, ZoneIsZeroUnlessACallerSetsIt) {
     EXPECT_EQ(kZoneAtStart, 0);
     EXPECT_EQ(kBiasAtStart, 0);
     EXPECT_EQ(kDaylightAtStart, 0);

@@ -51,68 +51,96 @@ std::string ClockText(const char* pattern, int hour, int minute) {
     return text;
 }
 
-}  // namespace
-
-TEST(HourTimeFormat, ConvertsEveryMinuteOfTheDayBothWays) {
+// Hands over every minute of a day as "19:45" and as "07:45 PM".
+void ForEveryMinute(const std::function<void(const std::string&, const std::string&)>& check) {
     const int kShownHours[] = {12, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11};
     for (int hour = 0; hour < 24; ++hour) {
         for (int minute = 0; minute < 60; ++minute) {
-            const std::string in24 = ClockText("%02d:%02d", hour, minute);
-            const std::string in12 = ClockText(hour < 12 ? "%02d:%02d AM" : "%02d:%02d PM",
-                                               kShownHours[hour % 12], minute);
-            ExpectTo12(in24, 1, in12);
-            ExpectTo12(in12, 0, in12);
-            ExpectTo24(in12, 1, in24);
-            ExpectTo24(in24, 0, in24);
+            check(ClockText("%02d:%02d", hour, minute),
+                  ClockText(hour < 12 ? "%02d:%02d AM" : "%02d:%02d PM", kShownHours[hour % 12],
+                            minute));
         }
     }
 }
 
-TEST(HourTimeFormat, KeepsSecondsAndWhateverElseFollowsTheHour) {
+}  // namespace
+
+TEST(HourTimeFormatToCurMode, ConvertsEveryMinuteOfTheDay) {
+    ForEveryMinute([](const std::string& in24, const std::string& in12) {
+        ExpectTo12(in24, 1, in12);
+        ExpectTo12(in12, 0, in12);
+    });
+}
+
+TEST(HourTimeFormatTo24Mode, ConvertsEveryMinuteOfTheDay) {
+    ForEveryMinute([](const std::string& in24, const std::string& in12) {
+        ExpectTo24(in12, 1, in24);
+        ExpectTo24(in24, 0, in24);
+    });
+}
+
+TEST(HourTimeFormatToCurMode, ConvertsTo24HoursInEveryModeBut0) {
+    GuardedBuffer buf(kBufferSize, Terminated("07:45 PM"));
+    EXPECT_EQ(HourTimeFormatToCurMode(buf.data(), buf.size(), 0), 0);
+    EXPECT_EQ(buf.text(), "07:45 PM");
+    EXPECT_EQ(HourTimeFormatToCurMode(buf.data(), buf.size(), -1), 1);
+    EXPECT_EQ(buf.text(), "19:45");
+}
+
+TEST(HourTimeFormatToCurMode, KeepsSecondsAndWhateverElseFollowsTheHour) {
     ExpectTo12("19:45:10", 1, "07:45:10 PM");
-    ExpectTo24("07:45:10 PM", 1, "19:45:10");
     ExpectTo12("0915", 1, "0915 AM");
     ExpectTo12("07:45 pm", 1, "07:45 pm AM");
+}
+
+TEST(HourTimeFormatTo24Mode, KeepsSecondsAndWhateverElseFollowsTheHour) {
+    ExpectTo24("07:45:10 PM", 1, "19:45:10");
     ExpectTo24("12-30, about PM", 1, "12-30, about");
 }
 
-TEST(HourTimeFormat, TwelveIsMidnightInTheMorningAndNoonOtherwise) {
-    ExpectTo24("12:00 AM", 1, "00:00");
-    ExpectTo24("12:30 PM", 1, "12:30");
-    ExpectTo24("11:59 PM", 1, "23:59");
+TEST(HourTimeFormatToCurMode, MidnightAndNoonAreTwelve) {
     ExpectTo12("00:10", 1, "12:10 AM");
     ExpectTo12("12:00", 1, "12:00 PM");
 }
 
-TEST(HourTimeFormat, TakesHoursThatNoClockHas) {
-    ExpectTo24("13:05 AM", 1, "13:05");
-    ExpectTo24("00:05 PM", 1, "12:05");
-    ExpectTo24("99:05 PM", 1, "99:05");
-    ExpectTo24("-5:05 PM", 1, "07:05");
-    ExpectTo24("-5:05 AM", 1, "-5:05");
+TEST(HourTimeFormatTo24Mode, TwelveIsMidnightInTheMorningAndNoonOtherwise) {
+    ExpectTo24("12:00 AM", 1, "00:00");
+    ExpectTo24("12:30 PM", 1, "12:30");
+    ExpectTo24("11:59 PM", 1, "23:59");
+}
+
+TEST(HourTimeFormatToCurMode, TakesHoursThatNoClockHas) {
     ExpectTo12("24:05", 1, "12:05 PM");
     ExpectTo12("25:05", 1, "01:05 PM");
     ExpectTo12("99:05", 1, "03:05 PM");
     ExpectTo12("-5:05", 1, "-5:05 AM");
     ExpectTo12("xy:05", 1, "12:05 AM");
     ExpectTo12("1:05", 1, "0105 AM");  // the colon counts as part of the hour
-    ExpectTo24("1:05 PM", 1, "1305");
 }
 
-TEST(HourTimeFormat, CutsAtTheCharacterBeforeTheLastMarker) {
+TEST(HourTimeFormatTo24Mode, TakesHoursThatNoClockHas) {
+    ExpectTo24("13:05 AM", 1, "13:05");
+    ExpectTo24("00:05 PM", 1, "12:05");
+    ExpectTo24("99:05 PM", 1, "99:05");
+    ExpectTo24("-5:05 PM", 1, "07:05");
+    ExpectTo24("-5:05 AM", 1, "-5:05");
+    ExpectTo24("1:05 PM", 1, "1305");  // the colon counts as part of the hour
+}
+
+TEST(HourTimeFormatTo24Mode, CutsAtTheCharacterBeforeTheLastMarker) {
     ExpectTo24("07:45PM", 1, "19:4");
     ExpectTo24("07:45 AM AM", 1, "07:45 AM");
     ExpectTo24("07:45 PM PM", 1, "19:45 PM");
     ExpectTo24("A7:45 AM", 1, "00:45");
 }
 
-TEST(HourTimeFormat, AnAGoesBeforeAP) {
+TEST(HourTimeFormatTo24Mode, AnAGoesBeforeAP) {
     ExpectTo24("12:45 AM PM", 1, "00:45");
     ExpectTo24("12:45 PM AM", 1, "00:45 PM");
     ExpectTo24("07:45 PMA", 1, "07:45 P");
 }
 
-TEST(HourTimeFormat, TakesAMarkerNearTheStart) {
+TEST(HourTimeFormatTo24Mode, TakesAMarkerNearTheStart) {
     ExpectTo24("A", 1, "00");
     ExpectTo24("P", 1, "12");
     ExpectTo24("AM", 1, "00");
@@ -126,20 +154,23 @@ TEST(HourTimeFormat, TakesAMarkerNearTheStart) {
     ExpectTo24("123PM", 1, "12");
 }
 
-TEST(HourTimeFormat, TakesShortTexts) {
+TEST(HourTimeFormatToCurMode, TakesShortTexts) {
     ExpectTo12("5", 1, "05 AM");
     ExpectTo12(" ", 1, "12 AM");
     ExpectTo12("12", 1, "12 PM");
     ExpectTo12("00", 1, "12 AM");
-    ExpectTo24("5", 0, "5");
 }
 
-TEST(HourTimeFormat, OneMarkerAnywhereMakesATwelveHourText) {
+TEST(HourTimeFormatTo24Mode, WithoutAMarkerChangesNothing) {
+    ExpectTo24("5", 0, "5");
+    ExpectTo24("07:45 am", 0, "07:45 am");
+}
+
+TEST(HourTimeFormatToCurMode, OneMarkerAnywhereMakesATwelveHourText) {
     ExpectTo12("07:45 PM", 0, "07:45 PM");
     ExpectTo12("A", 0, "A");
     ExpectTo12("P19:45", 0, "P19:45");
     ExpectTo12("19:45 xA", 0, "19:45 xA");
-    ExpectTo24("07:45 am", 0, "07:45 am");
 }
 
 TEST(HourTimeFormatTo24Mode, WithoutABlankADigitIsLost) {

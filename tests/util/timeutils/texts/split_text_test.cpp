@@ -1,4 +1,4 @@
-// ParseDate, ParseTime, ParseTimeNoSec and ParseDateNoYear.
+// ParseDate, ParseTime, ParseTimeNoSec and ParseDateNoYear, and what all four share (Splitters).
 
 #include <gtest/gtest.h>
 
@@ -25,12 +25,15 @@ struct Splitter {
     std::function<void(char* text, int* numbers)> call;
 };
 
-const Splitter kSplitters[] = {
-    {"ParseDate", '-', 3, [](char* t, int* n) { ParseDate(t, &n[0], &n[1], &n[2]); }},
-    {"ParseTime", ':', 3, [](char* t, int* n) { ParseTime(t, &n[0], &n[1], &n[2]); }},
-    {"ParseTimeNoSec", ':', 2, [](char* t, int* n) { ParseTimeNoSec(t, &n[0], &n[1]); }},
-    {"ParseDateNoYear", '-', 2, [](char* t, int* n) { ParseDateNoYear(t, &n[0], &n[1]); }},
-};
+const Splitter kDate = {"ParseDate", '-', 3,
+                        [](char* t, int* n) { ParseDate(t, &n[0], &n[1], &n[2]); }};
+const Splitter kTime = {"ParseTime", ':', 3,
+                        [](char* t, int* n) { ParseTime(t, &n[0], &n[1], &n[2]); }};
+const Splitter kTimeNoSec = {"ParseTimeNoSec", ':', 2,
+                             [](char* t, int* n) { ParseTimeNoSec(t, &n[0], &n[1]); }};
+const Splitter kDateNoYear = {"ParseDateNoYear", '-', 2,
+                              [](char* t, int* n) { ParseDateNoYear(t, &n[0], &n[1]); }};
+const Splitter kSplitters[] = {kDate, kTime, kTimeNoSec, kDateNoYear};
 
 // In texts of the tests '|' stands for the separator and, in expectations, '0' for a terminator
 // where the separator was.
@@ -64,19 +67,65 @@ void CompareWithNaive(const Splitter& splitter, const std::string& text) {
 
 }  // namespace
 
-TEST(Splitters, ReadTheNumbersAndOverwriteTheSeparators) {
-    for (const Splitter& splitter : kSplitters) {
-        ExpectSplit(splitter, "08|09|10",
-                    splitter.count == 3 ? std::vector{8, 9, 10} : std::vector{8, 9}, {2, 5});
-    }
-    ExpectSplit(kSplitters[0], "2024|05|07", {2024, 5, 7}, {4, 7});
+TEST(ParseDate, ReadsYearMonthAndDay) {
+    ExpectSplit(kDate, "2024|05|07", {2024, 5, 7}, {4, 7});
+    ExpectSplit(kDate, "08|09|10", {8, 9, 10}, {2, 5});
 }
 
-TEST(Splitters, LeaveWhatStandsBehindTheLastNumber) {
-    ExpectSplit(kSplitters[0], "1|2|3|4|5", {1, 2, 3}, {1, 3});
-    ExpectSplit(kSplitters[1], "1|2|3|4|5", {1, 2, 3}, {1, 3});
-    ExpectSplit(kSplitters[2], "1|2|3|4|5", {1, 2}, {1});
-    ExpectSplit(kSplitters[3], "1|2|3|4|5", {1, 2}, {1});
+TEST(ParseTime, ReadsHourMinuteAndSecond) {
+    ExpectSplit(kTime, "08|09|10", {8, 9, 10}, {2, 5});
+}
+
+TEST(ParseTimeNoSec, ReadsHourAndMinute) {
+    ExpectSplit(kTimeNoSec, "08|09|10", {8, 9}, {2, 5});
+}
+
+TEST(ParseDateNoYear, ReadsMonthAndDay) {
+    ExpectSplit(kDateNoYear, "08|09|10", {8, 9}, {2, 5});
+}
+
+TEST(ParseDate, LeavesWhatStandsBehindTheDay) {
+    ExpectSplit(kDate, "1|2|3|4|5", {1, 2, 3}, {1, 3});
+}
+
+TEST(ParseTime, LeavesWhatStandsBehindTheSecond) {
+    ExpectSplit(kTime, "1|2|3|4|5", {1, 2, 3}, {1, 3});
+}
+
+TEST(ParseTimeNoSec, LeavesWhatStandsBehindTheMinute) {
+    ExpectSplit(kTimeNoSec, "1|2|3|4|5", {1, 2}, {1});
+}
+
+TEST(ParseDateNoYear, LeavesWhatStandsBehindTheDay) {
+    ExpectSplit(kDateNoYear, "1|2|3|4|5", {1, 2}, {1});
+}
+
+TEST(ParseDate, ADashInFrontIsASignAndASeparator) {
+    ExpectSplit(kDate, "-5-6", {-5, 5, 6}, {0, 2});
+    ExpectSplit(kDate, "2024--5", {2024, -5, 5}, {4, 5});
+}
+
+TEST(ParseDateNoYear, ADashInFrontIsASignAndASeparator) {
+    ExpectSplit(kDateNoYear, "-5-6", {-5, 5}, {0});
+}
+
+TEST(ParseDate, DoesNotSplitAtColons) {
+    ExpectSplit(kDate, "12:30:45", {12}, {});
+}
+
+TEST(ParseTime, DoesNotSplitAtDashes) {
+    ExpectSplit(kTime, "2024-05-07", {2024}, {});
+    ExpectSplit(kTime, "-1:-2:-3", {-1, -2, -3}, {2, 5});
+}
+
+TEST(ParseTime, MissingNumbersAre0) {
+    ExpectSplit(kTime, "::", {0, 0, 0}, {0, 1});
+}
+
+TEST(ParseTime, NumbersStopAtTheLimitsOf32Bits) {
+    ExpectSplit(kTime, "2147483647:2147483648:99999999999999999999", {INT_MAX, INT_MAX, INT_MAX},
+                {10, 21});
+    ExpectSplit(kTime, "-2147483648:-2147483649:4294967297", {INT_MIN, INT_MIN, INT_MAX}, {11, 23});
 }
 
 TEST(Splitters, AMissingSeparatorLeavesTheOutputsNotReached) {
@@ -85,8 +134,6 @@ TEST(Splitters, AMissingSeparatorLeavesTheOutputsNotReached) {
         ExpectSplit(splitter, "2024", {2024}, {});
         ExpectSplit(splitter, "2024/05.07", {2024}, {});
     }
-    ExpectSplit(kSplitters[0], "12:30:45", {12}, {});
-    ExpectSplit(kSplitters[1], "2024-05-07", {2024}, {});
 }
 
 TEST(Splitters, MissingNumbersAre0) {
@@ -98,21 +145,6 @@ TEST(Splitters, MissingNumbersAre0) {
         ExpectSplit(splitter, "3x|4y", {3, 4}, {2});
         ExpectSplit(splitter, " 3 | +4 ", {3, 4}, {3});
     }
-    ExpectSplit(kSplitters[1], "::", {0, 0, 0}, {0, 1});
-    ExpectSplit(kSplitters[1], "-1:-2:-3", {-1, -2, -3}, {2, 5});
-}
-
-TEST(Splitters, ADashInFrontIsASignAndASeparator) {
-    ExpectSplit(kSplitters[0], "-5-6", {-5, 5, 6}, {0, 2});
-    ExpectSplit(kSplitters[0], "2024--5", {2024, -5, 5}, {4, 5});
-    ExpectSplit(kSplitters[3], "-5-6", {-5, 5}, {0});
-}
-
-TEST(Splitters, NumbersStopAtTheLimitsOf32Bits) {
-    ExpectSplit(kSplitters[1], "2147483647:2147483648:99999999999999999999",
-                {INT_MAX, INT_MAX, INT_MAX}, {10, 21});
-    ExpectSplit(kSplitters[1], "-2147483648:-2147483649:4294967297", {INT_MIN, INT_MIN, INT_MAX},
-                {11, 23});
 }
 
 TEST(Splitters, ANullTextChangesNothing) {
