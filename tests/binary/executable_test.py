@@ -9,25 +9,14 @@ import subprocess
 import sys
 import unittest
 
-# The exported data objects and the types that nm may give them; every other name is a function.
-DATA_TYPES = {"_ytab": "R", "_timezone": "BD", "_daylight": "BD", "_dstbias": "BD"}
+from tests.support import exports_list
 
-executable, exports_list, nm, readelf, *objects = sys.argv[1:]
+executable, list_path, nm, readelf, *objects = sys.argv[1:]
 
 
 def output_of(*command):
     run = subprocess.run(command, check=True, capture_output=True, text=True)
     return run.stdout
-
-
-def listed_names():
-    """The names of the exports list, in its order."""
-    with open(exports_list, encoding="ascii") as file:
-        text = re.sub(r"/\*.*?\*/", "", file.read(), flags=re.DOTALL)
-    body = re.fullmatch(r"\s*\{(.*)\};\s*", text, flags=re.DOTALL).group(1)
-    names = [name.strip() for name in body.split(";")]
-    assert names.pop() == "", "the last name has no semicolon"
-    return names
 
 
 def dynamic_symbols(which):
@@ -38,24 +27,24 @@ def dynamic_symbols(which):
 
 class Exports(unittest.TestCase):
     def test_list_holds_plain_names_once(self):
-        names = listed_names()
+        names = exports_list.names(list_path)
         self.assertEqual(len(names), len(set(names)))
         for name in names:
             self.assertRegex(name, r"^[A-Za-z_]\w*$")  # a pattern would export more than it shows
 
     def test_exactly_the_listed_names(self):
         exported = [name for name, _ in dynamic_symbols("--defined-only")]
-        self.assertEqual(sorted(exported), sorted(listed_names()))
+        self.assertEqual(sorted(exported), sorted(exports_list.names(list_path)))
 
     def test_every_visible_symbol_of_the_library_is_listed(self):
         symbols = output_of(readelf, "-s", "-W", *objects)
         visible = re.findall(r" (?:GLOBAL|WEAK) +(?:DEFAULT|PROTECTED) +\d+ (\S+)$", symbols,
                              flags=re.MULTILINE)
-        self.assertEqual(sorted(visible), sorted(listed_names()))
+        self.assertEqual(sorted(visible), sorted(exports_list.names(list_path)))
 
     def test_functions_are_code_and_globals_are_data(self):
         for name, kind in dynamic_symbols("--defined-only"):
-            self.assertIn(kind, DATA_TYPES.get(name, "T"), name)
+            self.assertIn(kind, exports_list.DATA_TYPES.get(name, "T"), name)
 
 
 class Needs(unittest.TestCase):
