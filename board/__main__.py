@@ -8,7 +8,7 @@ import sys
 import unittest
 from pathlib import Path
 
-from board import case, demo
+from board import demo, session
 
 TESTS = Path(__file__).parent / "tests"
 
@@ -35,11 +35,11 @@ def run_tests(build, word):
     if not tests:
         print(f"board: no test is named {word}", file=sys.stderr)
         return 2
-    case.BUILD = build
+    session.begin(build)
     try:
         result = unittest.TextTestRunner(verbosity=2).run(unittest.TestSuite(tests))
     finally:
-        case.clean_up()
+        session.end()
     return 0 if result.wasSuccessful() else 1
 
 

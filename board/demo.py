@@ -1,10 +1,8 @@
 """The main job, shown, and the interactive terminal."""
 
 from board.sticks import Stick
-from board.terminal import Terminal
+from board.terminal import SERIAL, Terminal
 
-SERIAL = "4711-0815"
-EXPORT = f"tesmar_debug/{SERIAL}.log"
 COMMAND = "orvatool -d EIWD"
 
 
@@ -20,7 +18,8 @@ def run(build):
         status = terminal.run(COMMAND).status
         print(f"exit status {status}")
         terminal.unplug()
-        print(f"the stick holds {EXPORT}:\n{stick.read(EXPORT, 1).decode()}")
+        export, = (path for path in stick.files(1) if path.endswith(f"/{SERIAL}.log"))
+        print(f"the stick holds {export}:\n{stick.read(export, 1).decode()}")
         return status
     finally:
         terminal.clean_up()

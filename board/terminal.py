@@ -17,10 +17,11 @@ INSTALLED = {  # from the build folder to the terminal
     "lib/libtroption.so": "/usr/lib/libtroption.so",
     "lib/libboard_caller.so": "/usr/lib/libboard_caller.so",
     "bin/board_devices": "/usr/bin/board_devices",
-    "bin/board_splash": "/usr/bin/board_splash",
+    "bin/board_splash_calls": "/usr/bin/board_splash_calls",
 }
 BACKGROUND = "/tmp/background"
 OPTIONS = "/mnt/mtdblock/options.txt"
+SERIAL = "4711-0815"  # of a terminal unless a test gives it another
 
 
 @dataclass

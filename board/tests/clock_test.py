@@ -3,7 +3,7 @@
 import re
 from datetime import datetime, timezone
 
-from board.library import LibraryTest
+from board.tests.support.library import LibraryTest
 
 START = datetime(2020, 2, 3, 4, 5, 6, tzinfo=timezone.utc)
 TARGET = datetime(2024, 5, 7, 8, 9, 10, tzinfo=timezone.utc)

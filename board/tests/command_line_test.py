@@ -1,9 +1,9 @@
 """The command line, and the RAM disk that everything is written to."""
 
-from board import log
-from board.case import OUTPUT, SERIAL, BoardTest
-
-USAGE = "Usage: orvatool [-d EIWD]\n"
+from board.sticks import NOTES
+from board.terminal import SERIAL
+from board.tests.support.case import BoardTest
+from tests.support import tool
 
 
 class CommandLine(BoardTest):
@@ -17,29 +17,30 @@ class CommandLine(BoardTest):
         self.assertIn("orvatool: ", result.errors)
         self.terminal.unplug()
         self.assertEqual(stick.image.read_bytes(), before)
-        self.assertEqual(self.terminal.run("ls -d /mnt/removable").output, "")
+        self.assertEqual(self.terminal.run(f"ls -d {tool.MOUNT_POINT}").output, "")
         return self.output()
 
     def test_unknown_option(self):
-        self.assertEqual(self.assert_usage("-x"), USAGE)
+        self.assertEqual(self.assert_usage("-x"), tool.USAGE)
 
     def test_option_without_letters(self):
-        self.assertEqual(self.assert_usage("-d"), USAGE)
+        self.assertEqual(self.assert_usage("-d"), tool.USAGE)
 
     def test_unknown_option_behind_levels(self):
-        self.assertEqual(self.assert_usage("-d", "I", "-x"), self.version() + log.LEVELS + USAGE)
+        self.assertEqual(self.assert_usage("-d", "I", "-x"),
+                         self.version() + tool.LEVELS + tool.USAGE)
 
     def test_empty_letters_enable_nothing(self):
         self.run_tool("-d", "''")
-        self.assertEqual(self.output(), self.version() + log.LEVELS)
+        self.assertEqual(self.output(), self.version() + tool.LEVELS)
 
     def test_other_words_are_ignored(self):
         self.run_tool("word", "-d", "I", "other")
-        self.assertEqual(log.shortened(self.output()),
-                         self.version() + log.LEVELS + log.started(SERIAL) + log.NO_STICK)
+        self.assertEqual(tool.without_times(self.output()),
+                         self.version() + tool.LEVELS + tool.started(SERIAL) + tool.NO_STICK)
 
     def test_output_file_is_rewritten(self):
-        self.terminal.write(OUTPUT, "old\n" * 1000)
+        self.terminal.write(tool.OUTPUT_FILE, "old\n" * 1000)
         self.run_tool()
         self.assertEqual(self.output(), "")
 
@@ -60,8 +61,8 @@ class CommandLine(BoardTest):
     def test_no_ram_disk(self):
         stick = self.stick(True)
         self.terminal.plug(stick)
-        self.terminal.check("umount /mnt/ramdisk && rmdir /mnt/ramdisk")
+        self.terminal.check(f"umount {tool.RAM_DISK} && rmdir {tool.RAM_DISK}")
         result = self.run_tool("-d", "EIWD")
-        self.assertIn("/mnt/ramdisk/output.txt", result.errors)
-        self.assertEqual(stick.files(1), ["notes.txt", "tesmar_debug/"])
+        self.assertIn(tool.OUTPUT_FILE, result.errors)
+        self.assertEqual(stick.files(1), [NOTES, f"{tool.FOLDER_ON_STICK}/"])
         stick.check(1)

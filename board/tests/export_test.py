@@ -1,11 +1,12 @@
 """The export onto sticks that work."""
 
-from board import log
-from board.case import HOLD_BEFORE, SERIAL, BoardTest
 from board.sticks import NOTES
+from board.terminal import SERIAL
+from board.tests.support.case import HOLD_BEFORE, BoardTest
+from tests.support import tool
 
-EXPORT = f"tesmar_debug/{SERIAL}.log"
-FOLDER = "tesmar_debug/"
+EXPORT = tool.export_name(SERIAL)
+FOLDER = f"{tool.FOLDER_ON_STICK}/"
 PARTITION_MIB, WHOLE_MIB = 16, 17
 
 
@@ -19,10 +20,10 @@ class Export(BoardTest):
         self.assertEqual(stick.read(EXPORT, 1).decode(), self.version())
         stick.check(1)
         self.assertEqual(
-            log.shortened(self.output()),
-            self.version() + log.LEVELS + log.started(SERIAL) + log.RELEASED_NOTHING
-            + log.MADE_MOUNT_POINT + log.refused("sda") + log.mounted("sda1", PARTITION_MIB)
-            + log.exported(SERIAL, log.NO_SUCH_FILE))
+            tool.without_times(self.output()),
+            self.version() + tool.LEVELS + tool.started(SERIAL) + tool.RELEASED_NOTHING
+            + tool.MADE_MOUNT_POINT + tool.refused("sda") + tool.mounted("sda1", PARTITION_MIB)
+            + tool.exported(SERIAL, tool.NO_SUCH_FILE))
 
     def test_without_log_levels(self):
         stick = self.stick(True)
@@ -36,14 +37,14 @@ class Export(BoardTest):
     def test_stick_without_partition_table(self):
         stick = self.stick()
         self.terminal.plug(stick)
-        self.terminal.check("mkdir /mnt/removable")
+        self.terminal.check(f"mkdir {tool.MOUNT_POINT}")
         self.run_tool("-d", "EIWD")
         self.assertEqual(stick.read(EXPORT).decode(), self.version())
         stick.check()
         self.assertEqual(
-            log.shortened(self.output()),
-            self.version() + log.LEVELS + log.started(SERIAL) + log.RELEASED_NOTHING
-            + log.mounted("sda", WHOLE_MIB) + log.exported(SERIAL, log.NO_SUCH_FILE))
+            tool.without_times(self.output()),
+            self.version() + tool.LEVELS + tool.started(SERIAL) + tool.RELEASED_NOTHING
+            + tool.mounted("sda", WHOLE_MIB) + tool.exported(SERIAL, tool.NO_SUCH_FILE))
 
     def test_second_partition_is_the_first_fat_one(self):
         stick = self.stick(False, True)
@@ -51,8 +52,8 @@ class Export(BoardTest):
         self.run_tool("-d", "EIWD")
         self.assertEqual(stick.read(EXPORT, 2).decode(), self.version())
         stick.check(2)
-        self.assertIn(log.refused("sda") + log.refused("sda1")
-                      + log.mounted("sda2", PARTITION_MIB), log.shortened(self.output()))
+        self.assertIn(tool.refused("sda") + tool.refused("sda1")
+                      + tool.mounted("sda2", PARTITION_MIB), tool.without_times(self.output()))
 
     def test_two_sticks(self):
         first, second = self.stick(True), self.stick(True, name="second")
@@ -69,8 +70,8 @@ class Export(BoardTest):
         self.terminal.plug(second)
         self.run_tool("-d", "EIWD")
         self.assertEqual(second.read(EXPORT).decode(), self.version())
-        self.assertIn(log.refused("sda") + log.refused("sda1") + log.mounted("sdb", WHOLE_MIB),
-                      log.shortened(self.output()))
+        self.assertIn(tool.refused("sda") + tool.refused("sda1") + tool.mounted("sdb", WHOLE_MIB),
+                      tool.without_times(self.output()))
 
     def test_later_runs_overwrite(self):
         stick = self.stick(True)
@@ -81,18 +82,18 @@ class Export(BoardTest):
             self.assertEqual(stick.read(EXPORT, 1).decode(), content)
         self.run_tool("-d", "EIWD")
         self.assertEqual(stick.read(EXPORT, 1).decode(), self.version())
-        self.assertTrue(log.shortened(self.output()).endswith(
-            log.mounted("sda1", PARTITION_MIB) + log.exported(SERIAL, log.INVALID)))
+        self.assertTrue(tool.without_times(self.output()).endswith(
+            tool.mounted("sda1", PARTITION_MIB) + tool.exported(SERIAL, tool.INVALID)))
 
     def test_releases_what_was_mounted_before(self):
         stick, other = self.stick(), self.stick(name="other")
         self.terminal.plug(stick)
         self.terminal.plug(other)
-        self.terminal.check("mkdir /mnt/removable && mount -t vfat /dev/sdb /mnt/removable")
+        self.mount("sdb")
         self.run_tool("-d", "EIWD")
-        self.assertTrue(log.shortened(self.output()).startswith(
-            self.version() + log.LEVELS + log.started(SERIAL) + log.RELEASED
-            + log.mounted("sda", WHOLE_MIB)))
+        self.assertTrue(tool.without_times(self.output()).startswith(
+            self.version() + tool.LEVELS + tool.started(SERIAL) + tool.RELEASED
+            + tool.mounted("sda", WHOLE_MIB)))
         self.assertEqual(stick.files(), [NOTES, FOLDER, EXPORT])
         self.assertEqual(other.files(), [NOTES])
 
@@ -100,11 +101,11 @@ class Export(BoardTest):
         self.terminal.plug(self.stick(True))
         self.hold_tool_in_copy(HOLD_BEFORE)
         mounts = self.terminal.read("/proc/mounts")
-        self.assertIn("/dev/sda1 /mnt/removable vfat rw,noexec,relatime,", mounts)
+        self.assertIn(f"/dev/sda1 {tool.MOUNT_POINT} vfat rw,noexec,relatime,", mounts)
         self.let_go()
 
     def test_repeated_option_adds_levels(self):
         self.terminal.plug(self.stick(True))
         self.run_tool("-d", "I", "-d", "W")
-        self.assertTrue(log.shortened(self.output()).startswith(
-            self.version() * 2 + log.LEVELS * 2 + log.started(SERIAL) + log.RELEASED_NOTHING))
+        self.assertTrue(tool.without_times(self.output()).startswith(
+            self.version() * 2 + tool.LEVELS * 2 + tool.started(SERIAL) + tool.RELEASED_NOTHING))

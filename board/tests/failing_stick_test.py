@@ -1,10 +1,11 @@
 """Sticks that are not there, not readable, full, or pulled out: nothing is lost or left behind."""
 
-from board import log
-from board.case import HOLD_AFTER, HOLD_BEFORE, SERIAL, BoardTest
 from board.sticks import NOTES
+from board.terminal import SERIAL
+from board.tests.support.case import HOLD_AFTER, HOLD_BEFORE, BoardTest
+from tests.support import tool
 
-EXPORT = f"tesmar_debug/{SERIAL}.log"
+EXPORT = tool.export_name(SERIAL)
 PARTITION_MIB, WHOLE_MIB = 16, 17
 READ_FAULT = {"event": "none", "iotype": "read", "errno": 5}
 WRITE_FAULT = {"event": "none", "iotype": "write", "errno": 5}
@@ -15,32 +16,32 @@ class FailingStick(BoardTest):
 
     def assert_whole_output(self, *lines):
         """The RAM-disk file holds what every run writes, then these lines, and no more."""
-        self.assertEqual(log.shortened(self.output()), "".join(
-            (self.version(), log.LEVELS, log.started(SERIAL)) + lines))
+        self.assertEqual(tool.without_times(self.output()), "".join(
+            (self.version(), tool.LEVELS, tool.started(SERIAL)) + lines))
 
     def assert_not_mounted(self, *devices):
         """Each device was tried and refused, on a mount point that was missing at first."""
-        self.assert_whole_output(log.RELEASED_NOTHING, log.MADE_MOUNT_POINT,
-                                 *map(log.refused, devices), log.NOTHING_MOUNTED)
-        self.assertEqual(self.terminal.check("ls /mnt/removable"), "")
+        self.assert_whole_output(tool.RELEASED_NOTHING, tool.MADE_MOUNT_POINT,
+                                 *map(tool.refused, devices), tool.NOTHING_MOUNTED)
+        self.assertEqual(self.terminal.check(f"ls {tool.MOUNT_POINT}"), "")
 
     def assert_tried_to_export(self, error):
         """The partition was mounted and unmounted; before the copy, errno told this error."""
         self.assert_whole_output(
-            log.RELEASED_NOTHING, log.MADE_MOUNT_POINT, log.refused("sda"),
-            log.mounted("sda1", PARTITION_MIB), log.exported(SERIAL, error))
+            tool.RELEASED_NOTHING, tool.MADE_MOUNT_POINT, tool.refused("sda"),
+            tool.mounted("sda1", PARTITION_MIB), tool.exported(SERIAL, error))
 
     def test_no_stick(self):
         self.run_tool("-d", "EIWD")
-        self.assert_whole_output(log.NO_STICK)
-        self.assertEqual(self.terminal.run("ls /mnt/removable").output, "")
+        self.assert_whole_output(tool.NO_STICK)
+        self.assertEqual(self.terminal.run(f"ls {tool.MOUNT_POINT}").output, "")
 
     def test_stick_that_is_not_yet_a_disk(self):
         self.terminal.check(f"echo {NEVER_S} >/sys/module/usb_storage/parameters/delay_use")
         self.terminal.plug_in(self.stick(True))
         self.terminal.wait_for("[ $(ls /proc/bus/usb/001 | wc -l) = 2 ]")
         self.run_tool("-d", "EIWD")
-        self.assert_whole_output(log.RELEASED_NOTHING, log.NOTHING_MOUNTED)
+        self.assert_whole_output(tool.RELEASED_NOTHING, tool.NOTHING_MOUNTED)
 
     def test_no_fat(self):
         self.terminal.plug(self.stick(False, False))
@@ -66,23 +67,23 @@ class FailingStick(BoardTest):
         before = stick.files(1)
         self.terminal.plug(stick)
         self.assertIn("No space left on device", self.run_tool("-d", "EIWD").errors)
-        self.assert_tried_to_export(log.NO_SUCH_FILE)
+        self.assert_tried_to_export(tool.NO_SUCH_FILE)
         stick.check(1)
         self.assertEqual(stick.files(1), before)
 
     def test_full_but_for_the_folder(self):
         stick = self.stick(True)
-        stick.make_folder("tesmar_debug", 1)
+        stick.make_folder(tool.FOLDER_ON_STICK, 1)
         stick.fill(1)
         self.terminal.plug(stick)
         self.assertIn("No space left on device", self.run_tool("-d", "EIWD").errors)
-        self.assert_tried_to_export(log.INVALID)
+        self.assert_tried_to_export(tool.INVALID)
         stick.check(1)
 
     def test_failing_writes(self):
         self.terminal.plug(self.stick(True, fault=WRITE_FAULT))
         self.run_tool("-d", "EIWD")
-        self.assert_tried_to_export(log.NO_SUCH_FILE)
+        self.assert_tried_to_export(tool.NO_SUCH_FILE)
 
     def pull_out_during_copy(self, hold):
         """Pulls the stick out while the tool's copy command is held."""
@@ -92,7 +93,7 @@ class FailingStick(BoardTest):
         self.terminal.unplug()
         self.terminal.wait_for("[ ! -e /sys/block/sda ]")
         self.let_go()
-        self.assert_tried_to_export(log.NO_SUCH_FILE)
+        self.assert_tried_to_export(tool.NO_SUCH_FILE)
         return stick
 
     def test_pulled_out_before_the_copy(self):
@@ -105,13 +106,13 @@ class FailingStick(BoardTest):
 
     def test_mount_point_in_use(self):
         self.terminal.plug(self.stick())
-        self.terminal.check("mkdir /mnt/removable && mount -t vfat /dev/sda /mnt/removable")
-        self.terminal.start("cd /mnt/removable && exec sleep 1000")
-        self.terminal.wait_for("[ \"$(readlink /proc/$(pidof sleep)/cwd)\" = /mnt/removable ]")
+        self.mount("sda")
+        self.terminal.start(f"cd {tool.MOUNT_POINT} && exec sleep 1000")
+        self.terminal.wait_for(f'[ "$(readlink /proc/$(pidof sleep)/cwd)" = {tool.MOUNT_POINT} ]')
         self.assertEqual(self.terminal.run("orvatool -d EIWD").status, 0)
-        self.assert_whole_output(log.RELEASED_NOTHING, log.refused("sda"), log.NOTHING_MOUNTED)
+        self.assert_whole_output(tool.RELEASED_NOTHING, tool.refused("sda"), tool.NOTHING_MOUNTED)
         self.terminal.check("kill $(pidof sleep)")
         self.terminal.finish()
         self.run_tool("-d", "EIWD")
-        self.assert_whole_output(log.RELEASED, log.mounted("sda", WHOLE_MIB),
-                                 log.exported(SERIAL, log.NO_SUCH_FILE))
+        self.assert_whole_output(tool.RELEASED, tool.mounted("sda", WHOLE_MIB),
+                                 tool.exported(SERIAL, tool.NO_SUCH_FILE))

@@ -1,6 +1,6 @@
 """Copies of files onto a FAT stick, and how full it is."""
 
-from board.library import LibraryTest
+from board.tests.support.library import LibraryTest
 from board.sticks import NOTES
 
 STICK = "/mnt/stick"

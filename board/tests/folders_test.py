@@ -1,6 +1,6 @@
 """Folders on a FAT stick: listed, counted and copied."""
 
-from board.library import LibraryTest
+from board.tests.support.library import LibraryTest
 from board.sticks import NOTES
 
 STICK = "/mnt/stick"

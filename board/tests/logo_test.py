@@ -1,6 +1,6 @@
 """The boot logo, through an image manager library that is there or not."""
 
-from board.devices import DeviceTest
+from board.tests.support.devices import DeviceTest
 
 LIBRARY = "/usr/lib/libbmpmngr.so"
 OTHER_LIBRARY = "/usr/lib/libtroption.so"  # any that has no such entry point

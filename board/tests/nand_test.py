@@ -3,7 +3,7 @@
 import random
 import struct
 
-from board.devices import DeviceTest
+from board.tests.support.devices import DeviceTest
 
 PAGE = 2048
 PAGES = 1024

@@ -1,6 +1,6 @@
 """The Ethernet address of a real interface: read, changed, and refused."""
 
-from board.library import LibraryTest
+from board.tests.support.library import LibraryTest
 
 ADDRESS = "/sys/class/net/eth0/address"
 FIRST, SECOND = "5a:c4:00:12:3e:06", "02:11:22:b3:44:55"

@@ -1,6 +1,6 @@
 """Pins behind a real character device: which requests reach the driver, with what in them."""
 
-from board.devices import DeviceTest
+from board.tests.support.devices import DeviceTest
 
 INVALID = "invalid operation!\n"
 NO_GPIO = "Error: open dev/gpio\nOpenGpioNand 0\n"

@@ -2,7 +2,7 @@
 
 import signal
 
-from board.library import LibraryTest
+from board.tests.support.library import LibraryTest
 
 NOT_FOUND = 127
 NO_PROCESS = 99999

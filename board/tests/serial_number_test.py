@@ -1,9 +1,9 @@
 """Serial numbers that are hard on a format, on a buffer, or missing."""
 
-from board import log
-from board.case import BoardTest
+from board.terminal import OPTIONS
+from board.tests.support.case import BoardTest
+from tests.support import tool
 
-FALLBACK = "no-serial-number"
 PARTITION_MIB = 16
 LONGEST = "ABCDEFGHIJKLMNOPQRSTUVW"  # 23 characters
 
@@ -16,13 +16,13 @@ class SerialNumber(BoardTest):
         self.terminal.plug(stick)
         self.terminal.set_serial_number(stored)
         self.run_tool("-d", "EIWD")
-        self.assertEqual(stick.read(f"tesmar_debug/{name}.log", 1).decode(), self.version())
+        self.assertEqual(stick.read(tool.export_name(name), 1).decode(), self.version())
         stick.check(1)
-        output = log.shortened(self.output())
-        self.assertIn(log.LEVELS + log.started(logged), output)
+        output = tool.without_times(self.output())
+        self.assertIn(tool.LEVELS + tool.started(logged), output)
         self.assertTrue(output.endswith(
-            log.mounted("sda1", PARTITION_MIB)
-            + log.exported(name if command_name is None else command_name, log.NO_SUCH_FILE)))
+            tool.mounted("sda1", PARTITION_MIB)
+            + tool.exported(name if command_name is None else command_name, tool.NO_SUCH_FILE)))
 
     def test_row_of_text_conversions(self):
         self.assert_exported("%s%s%s%s", "%s%s%s%s", "%s%s%s%s")
@@ -31,7 +31,7 @@ class SerialNumber(BoardTest):
         self.assert_exported("%n", "%n", "%n")
 
     def test_error_text_conversion_keeps_its_effect(self):
-        self.assert_exported("a%mb", "a%mb", "a%mb", f"a{log.NO_SUCH_FILE}b")
+        self.assert_exported("a%mb", "a%mb", "a%mb", f"a{tool.NO_SUCH_FILE}b")
 
     def test_doubled_percent_keeps_its_effect(self):
         self.assert_exported("a%%b", "a%%b", "a%%b", "a%b")
@@ -46,11 +46,12 @@ class SerialNumber(BoardTest):
         self.assert_exported(LONGEST + "XYZ", LONGEST, LONGEST)
 
     def test_empty_gets_a_visible_name(self):
-        self.assert_exported("", "", FALLBACK)
+        self.assert_exported("", "", tool.NAME_WITHOUT_SERIAL)
 
     def test_missing_option_store(self):
         stick = self.stick(True)
         self.terminal.plug(stick)
-        self.terminal.check("rm /mnt/mtdblock/options.txt")
+        self.terminal.check(f"rm {OPTIONS}")
         self.run_tool("-d", "EIWD")
-        self.assertEqual(stick.read(f"tesmar_debug/{FALLBACK}.log", 1).decode(), self.version())
+        self.assertEqual(stick.read(tool.export_name(tool.NAME_WITHOUT_SERIAL), 1).decode(),
+                         self.version())

@@ -3,7 +3,7 @@
 import base64
 import shlex
 
-from board.case import BoardTest
+from board.tests.support.case import BoardTest
 
 FOLDER = "/tmp/devices"
 LOG = f"{FOLDER}/log"
@@ -11,7 +11,7 @@ FLASH = f"{FOLDER}/flash"
 
 
 class DeviceTest(BoardTest):
-    """A test that calls the functions of splash/splash.h, by board/programs/splash.c."""
+    """A test that calls the functions of splash/splash.h, by board/programs/splash_calls.c."""
 
     def serve(self, *devices, answers="", flash=b""):
         """Starts board/programs/devices.c for each device; see there for the answers."""
@@ -27,7 +27,7 @@ class DeviceTest(BoardTest):
 
     def splash(self, *calls, before=""):
         """Makes the calls in one process, `before` in front of it. Returns what was printed."""
-        result = self.terminal.run(f"{before} {shlex.join(['board_splash', *calls])}")
+        result = self.terminal.run(f"{before} {shlex.join(['board_splash_calls', *calls])}")
         self.assertEqual((result.status, result.errors), (0, ""))
         return result.output
 

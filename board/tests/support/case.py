@@ -1,38 +1,16 @@
 """What the board tests share: one terminal, reset before each test, and the run of the tool."""
 
 import unittest
-from pathlib import Path
 
-from board.machine import MachineGone
+from board import session
 from board.sticks import Stick
-from board.terminal import Terminal
+from board.terminal import SERIAL
+from tests.support import tool
 
-BUILD = None  # the ARM build folder; set before the tests run
-SERIAL = "4711-0815"
-OUTPUT = "/mnt/ramdisk/output.txt"
 COPY = "/tmp/bin/cp"  # stands in front of the real one when the tool is held
 # Two ways to hold the copy until `let_go`: before anything is copied, and before the copy's end.
 HOLD_BEFORE = ">/tmp/held; until [ -e /tmp/go ]; do usleep 10000; done; exec /bin/cp $*"
 HOLD_AFTER = "/bin/cp $*; >/tmp/held; until [ -e /tmp/go ]; do usleep 10000; done"
-_terminals = []  # the last one is in use; another one is booted when it died
-
-
-def clean_up():
-    """Switches every terminal off."""
-    while _terminals:
-        _terminals.pop().clean_up()
-
-
-def fresh_terminal():
-    """A terminal in its state after the boot."""
-    if _terminals:
-        try:
-            _terminals[-1].reset()
-            return _terminals[-1]
-        except (MachineGone, AssertionError):  # another test has ruined it: here is a new one
-            _terminals[-1].end()
-    _terminals.append(Terminal(BUILD))
-    return _terminals[-1]
 
 
 class BoardTest(unittest.TestCase):
@@ -41,21 +19,26 @@ class BoardTest(unittest.TestCase):
     maxDiff = None
 
     def setUp(self):
-        self.terminal = fresh_terminal()
+        self.terminal = session.fresh_terminal()
         self.terminal.set_serial_number(SERIAL)
 
     def build(self, path):
         """A file of the ARM build folder."""
-        return Path(BUILD) / path
+        return session.built(path)
 
     def stick(self, *partitions, name="stick", **options):
         """A new stick; see `Stick` for the words."""
         return Stick(self.terminal.folder / f"{name}.img", *partitions, **options)
 
+    def mount(self, device):
+        """Mounts a device where the tool does, as if an earlier run had left it there."""
+        self.terminal.check(f"mkdir {tool.MOUNT_POINT}"
+                            f" && mount -t vfat /dev/{device} {tool.MOUNT_POINT}")
+
     def assert_ended_well(self, result):
         """Whatever happened, the tool ends with status 0 and leaves nothing mounted."""
         self.assertEqual(result.status, 0, result.errors)
-        self.assertNotIn("/mnt/removable", self.terminal.read("/proc/mounts"))
+        self.assertNotIn(tool.MOUNT_POINT, self.terminal.read("/proc/mounts"))
 
     def run_tool(self, *words):
         """Runs the tool and checks that it ended well."""
@@ -82,4 +65,4 @@ class BoardTest(unittest.TestCase):
 
     def output(self):
         """The RAM-disk file."""
-        return self.terminal.read(OUTPUT)
+        return self.terminal.read(tool.OUTPUT_FILE)

@@ -1,9 +1,10 @@
 /*
  * Calls functions on pins, flash and boot logo, which are not exported, and prints their results.
  *
- *   splash WORD...    each word a function's name with its arguments behind '=' and ',', as in
- *                     GpioPinCmd1=7,1; bytes in hexadecimal, then their count, as in
- *                     GpioPutBytes=010203040506,6
+ *   board_splash_calls WORD...
+ *
+ * Each word is a function's name with its arguments behind '=' and ',', as in GpioPinCmd1=7,1.
+ * Bytes are in hexadecimal, then their count, as in GpioPutBytes=010203040506,6.
  *
  * Two more words tell what a call left behind: CountDescriptors, and IsLoaded=LIBRARY.
  *

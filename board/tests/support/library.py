@@ -2,8 +2,8 @@
 
 import shlex
 
-from board import log
-from board.case import OUTPUT, BoardTest
+from board.tests.support.case import BoardTest
+from tests.support import tool
 
 CALLER = "/usr/lib/libboard_caller.so"
 
@@ -14,8 +14,8 @@ class LibraryTest(BoardTest):
     def call(self, scenario, *words, errors=""):
         """Runs a scenario, with all log levels. Returns what it printed and logged."""
         command = shlex.join(["orvatool", "-d", "EIWD", "--", scenario, *map(str, words)])
-        result = self.terminal.run(f"LD_PRELOAD={CALLER} {command} && cat {OUTPUT}")
+        result = self.terminal.run(f"LD_PRELOAD={CALLER} {command} && cat {tool.OUTPUT_FILE}")
         self.assertEqual((result.status, result.errors), (0, errors))
-        _, calling, called = log.shortened(result.output).partition("calling\n")
+        _, calling, called = tool.without_times(result.output).partition("calling\n")
         self.assertEqual(calling, "calling\n")
         return called

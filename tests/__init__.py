@@ -1,0 +1,1 @@
+"""The tests that run on this machine, and what they share with those on the emulated terminal."""
