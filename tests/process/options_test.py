@@ -1,7 +1,8 @@
 """The command line."""
 
 import story
-from terminal import OUTPUT_FILE, TerminalTest, kernel_version, read
+from terminal import TerminalTest, kernel_version, read
+from tests.support import tool
 
 WHOLE_RUN = story.serial_steps("12345") + story.MOUNT + story.export()
 
@@ -14,7 +15,7 @@ class Levels(TerminalTest):
 
     def test_one_level_alone(self):
         warnings = [line for line in WHOLE_RUN if not line.startswith("out ")]
-        at = warnings.index("umount /mnt/removable") + 1
+        at = warnings.index(*story.UMOUNT_CALL) + 1
         warnings[at:at] = story.UMOUNT_FAILS[1:]
         self.check(["-d", "W"], story.LEVELS + warnings)
 
@@ -50,9 +51,9 @@ class Usage(TerminalTest):
                          story.REOPEN + levels * story.LEVELS + story.USAGE + story.EXIT)
         self.assertRegex(run.stderr, rf"^\S*orvatool: {report}\n$")
         self.assertEqual(run.stdout, "")
-        self.assertEqual(read(OUTPUT_FILE), levels * kernel_version()
-                         + levels * "Set Debug Level Message...[EIWD]\n"
-                         + "Usage: orvatool [-d EIWD]\n")
+        self.assertEqual(read(tool.OUTPUT_FILE), levels * kernel_version()
+                         + levels * tool.LEVELS
+                         + tool.USAGE)
 
     def test_unknown_option(self):
         self.check(["-x"], "invalid option -- 'x'")

@@ -2,10 +2,12 @@
 
 import os
 
-from terminal import (EXPORT_FOLDER, OUTPUT_FILE, STAMP, TerminalTest, kernel_version, read,
-                      tree, write)
+from terminal import (FIRST_TICK, SECOND_TICK, STAMP, TerminalTest, kernel_version, read, tree,
+                      write)
+from tests.support import tool
+from tests.support.tool import EXPORT_FOLDER, OUTPUT_FILE
 
-COPY = EXPORT_FOLDER + "/12345.log"
+COPY = f"{tool.MOUNT_POINT}/{tool.export_name('12345')}"
 
 
 class Output(TerminalTest):
@@ -15,19 +17,16 @@ class Output(TerminalTest):
 
     def test_file_gets_the_rest_at_the_end(self):
         self.run_tool("-d", "EIWD")
-        version = kernel_version()
-        output = read(OUTPUT_FILE)
-        self.assertEqual(output[:len(version)], version)
-        lines = output[len(version):].split("\n")
-        self.assertEqual(lines[0], "Set Debug Level Message...[EIWD]")
-        self.assertRegex(lines[1], rf"^\[orvatool:{STAMP}\] Info \[main main \d+\]: Init time:")
-        self.assertRegex(lines[-3], r"\]: umounted /mnt/removable successfully!$")
-        self.assertEqual(lines[-2:], ["", ""])
+        self.assertEqual(
+            tool.shortened(read(OUTPUT_FILE), STAMP),
+            kernel_version() + tool.LEVELS + tool.started("12345", FIRST_TICK, SECOND_TICK)
+            + tool.RELEASED_NOTHING + tool.mounted("sda", 7639)
+            + tool.exported("12345", tool.NO_SUCH_FILE))
 
     def test_order_of_repeated_levels(self):
         self.run_tool("-d", "", "-d", "")
         self.assertEqual(read(OUTPUT_FILE),
-                         2 * kernel_version() + 2 * "Set Debug Level Message...[EIWD]\n")
+                         2 * kernel_version() + 2 * tool.LEVELS)
         self.assertEqual(read(COPY), 2 * kernel_version())
 
     def test_full_buffer_reaches_the_copy(self):

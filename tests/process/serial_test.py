@@ -4,7 +4,9 @@ import os
 import shutil
 
 import story
-from terminal import EXPORT_FOLDER, OPTIONS_FILE, TerminalTest, kernel_version, read
+from terminal import OPTIONS_FILE, TerminalTest, kernel_version, read
+from tests.support import tool
+from tests.support.tool import EXPORT_FOLDER
 
 
 class Serial(TerminalTest):
@@ -27,16 +29,16 @@ class Serial(TerminalTest):
 
     def test_empty(self):
         self.set_serial("")
-        self.check("no-serial-number", serial="")
+        self.check(tool.NAME_WITHOUT_SERIAL, serial="")
 
     def test_missing_in_the_store(self):
         with open(OPTIONS_FILE, "w", encoding="ascii") as file:
             file.write("~SerialNumbers=1\nSerialNumber=2\n")
-        self.check("no-serial-number", serial="")
+        self.check(tool.NAME_WITHOUT_SERIAL, serial="")
 
     def test_without_a_store(self):
         os.remove(OPTIONS_FILE)
-        self.check("no-serial-number", serial="")
+        self.check(tool.NAME_WITHOUT_SERIAL, serial="")
 
 
 class SerialAsFormat(TerminalTest):
@@ -45,7 +47,7 @@ class SerialAsFormat(TerminalTest):
         run = self.run_tool("-d", "EIWD")
         self.assertEqual(run.trace, story.REOPEN + story.LEVELS + story.serial_steps(serial)
                          + story.MOUNT
-                         + story.export(serial, logged=story.copy_command(logged_serial)))
+                         + story.export(serial, logged=tool.copy_command(logged_serial)))
         shutil.rmtree(EXPORT_FOLDER)
 
     def test_percent_sign(self):
@@ -55,7 +57,7 @@ class SerialAsFormat(TerminalTest):
         self.check("%%%%", "%%")
 
     def test_error_text(self):
-        self.check("a%m", "aNo such file or directory")
+        self.check("a%m", "a" + tool.NO_SUCH_FILE)
 
     def test_percent_sign_before_a_letter(self):
         self.check("%%n", "%n")

@@ -3,7 +3,8 @@
 import os
 
 import story
-from terminal import EXPORT_FOLDER, ROOT, TerminalTest
+from terminal import ROOT, TerminalTest
+from tests.support import tool
 
 
 class Steps(TerminalTest):
@@ -24,7 +25,7 @@ class Steps(TerminalTest):
         run = self.run_tool("-d", "EIWD")
         self.assertEqual(run.trace, story.REOPEN + story.LEVELS + story.serial_steps("12345")
                          + story.LOOK_AT_BUS + story.NO_DISK + story.SYNC + story.EXIT)
-        self.assertEqual(os.listdir("/mnt/removable"), [])
+        self.assertEqual(os.listdir(tool.MOUNT_POINT), [])
 
     def test_no_disk_without_levels(self):
         self.set_bus_devices()
@@ -43,26 +44,26 @@ class Steps(TerminalTest):
         run = self.run_tool("-d", "EIWD")
         self.assertEqual(run.trace, story.REOPEN + story.LEVELS + story.serial_steps("12345")
                          + story.LOOK_AT_BUS + story.UMOUNT_FAILS
-                         + story.good_attempt("/dev/sda", 7639) + story.export())
+                         + story.good_attempt("sda", 7639) + story.export())
 
     def test_second_partition_is_the_one(self):
         self.mount_results = "-1,0"
         run = self.run_tool("-d", "EIWD")
         self.assertEqual(run.trace, story.REOPEN + story.LEVELS + story.serial_steps("12345")
-                         + story.LOOK + story.UMOUNT_FAILS + story.failed_attempt("/dev/sda")
-                         + story.good_attempt("/dev/sda1", 7638) + story.export())
+                         + story.LOOK + story.UMOUNT_FAILS + story.failed_attempt("sda")
+                         + story.good_attempt("sda1", 7638) + story.export())
 
     def test_failing_mount(self):
         self.mount_results = "-1"
         run = self.run_tool("-d", "EIWD")
         self.assertEqual(run.trace, story.REOPEN + story.LEVELS + story.serial_steps("12345")
-                         + story.LOOK + story.UMOUNT_FAILS + story.failed_attempt("/dev/sda")
-                         + story.failed_attempt("/dev/sda1") + story.MOUNTED_FAILED
+                         + story.LOOK + story.UMOUNT_FAILS + story.failed_attempt("sda")
+                         + story.failed_attempt("sda1") + story.MOUNTED_FAILED
                          + story.SYNC + story.EXIT)
-        self.assertEqual(os.listdir("/mnt/removable"), [])
+        self.assertEqual(os.listdir(tool.MOUNT_POINT), [])
 
     def test_existing_export_folder(self):
-        os.mkdir(EXPORT_FOLDER)
+        os.mkdir(tool.EXPORT_FOLDER)
         self.errno_of_commands = 28
         run = self.run_tool("-d", "EIWD")
         self.assertEqual(run.trace, story.REOPEN + story.LEVELS + story.serial_steps("12345")
@@ -71,16 +72,9 @@ class Steps(TerminalTest):
                          + story.UMOUNT + story.EXIT)
 
     def test_missing_mount_point_is_made_first(self):
-        os.rmdir("/mnt/removable")
+        os.rmdir(tool.MOUNT_POINT)
         run = self.run_tool("-d", "EIWD")
-        made = ["access [/mnt/removable] 0"]
-        made += story.log("Info", "fileutils", "CreateMulvPath", "/mnt/removable/:15\n")
-        made += ["access [] 0"]
-        made += story.log("Info", "fileutils", "CreateMulvPath", "create 0 p=[]\n")
-        made += ["mkdir [] 0777", "access [/mnt] 0", "access [/mnt/removable] 0"]
-        made += story.log("Info", "fileutils", "CreateMulvPath",
-                          "create 14 p=[/mnt/removable]\n")
-        made += ["mkdir [/mnt/removable] 0777"]
         self.assertEqual(run.trace, story.REOPEN + story.LEVELS + story.serial_steps("12345")
-                         + story.LOOK + story.UMOUNT_FAILS + made
-                         + story.good_attempt("/dev/sda", 7639)[1:] + story.export())
+                         + story.LOOK + story.UMOUNT_FAILS + story.made_mount_point()
+                         + story.mount_call("sda") + story.printed(tool.mounted("sda", 7639))
+                         + story.export())

@@ -1,74 +1,73 @@
 """The run of the tool, told as the lines of a trace."""
 
-from terminal import FIRST_TICK, TICK_STEP
+from terminal import FIRST_TICK, SECOND_TICK
+from tests.support import tool
 
-REOPEN = ["freopen /mnt/ramdisk/output.txt w stdout"]
-LEVELS = ["out Set Debug Level Message...[EIWD]", "system cat /proc/version"]
-USAGE = ["out Usage: orvatool [-d EIWD]"]
+
+def printed(text):
+    """The lines that a printed text makes."""
+    *lines, rest = text.split("\n")
+    assert rest == "", text
+    return ["out " + line for line in lines]
+
+
+REOPEN = [f"freopen {tool.OUTPUT_FILE} w stdout"]
+LEVELS = printed(tool.LEVELS) + ["system cat /proc/version"]
+USAGE = printed(tool.USAGE)
 SYNC = ["sync"]
 EXIT = ["exit"]
 
 
-def log(level, file, function, message):
-    """The lines that a log line with all its newlines makes."""
-    return ["out " + line for line in f"{level} {file} {function}: {message}".split("\n")]
-
-
-def main_log(message):
-    return log("Info", "main", "main", message)
-
-
-def disk_log(level, function, message):
-    return log(level, "udiskdetection", function, message)
-
-
 def serial_steps(serial):
     """From the program's name to the begin of the mounting."""
-    return (main_log(f"Init time:{FIRST_TICK} ret:0")
+    return (printed(tool.prepared(FIRST_TICK))
             + ["InitOption", "LoadOptionStr ~SerialNumber zeroes 24"]
-            + main_log(f"SerialNumber:{serial}")
-            + main_log(f"Begin time:{FIRST_TICK + TICK_STEP}"))
+            + printed(tool.identified(serial) + tool.begun(SECOND_TICK)))
 
 
 LOOK = ["fopen /proc/partitions r", "opendir /proc/scsi/usb-storage"]
 LOOK_AT_BUS = LOOK + ["scandir /proc/bus/usb/001"]
-NO_DISK = disk_log("Info", "DoMountUdisk", "Insert udisk please\n")
-UMOUNT_FAILS = ["umount /mnt/removable"] + disk_log(
-    "Warning", "DoUmount", "umounted /mnt/removable failed!\n")
-UMOUNT = ["umount /mnt/removable"] + disk_log(
-    "Info", "DoUmount", "umounted /mnt/removable successfully!\n")
-MOUNTED_FAILED = disk_log("Warning", "DoMountUdisk", "mounted failed\n")
-EXPORT_FOLDER_TEST = ["access [/mnt/removable/tesmar_debug] 0"]
-MAKE_EXPORT_FOLDER = EXPORT_FOLDER_TEST + ["system mkdir /mnt/removable/tesmar_debug -p"]
+NO_DISK = printed(tool.NO_STICK)
+UMOUNT_CALL = [f"umount {tool.MOUNT_POINT}"]
+UMOUNT_FAILS = UMOUNT_CALL + printed(tool.RELEASED_NOTHING)
+UMOUNT = UMOUNT_CALL + printed(tool.RELEASED)
+MOUNTED_FAILED = printed(tool.NOTHING_MOUNTED)
+EXPORT_FOLDER_TEST = [f"access [{tool.EXPORT_FOLDER}] 0"]
+MAKE_EXPORT_FOLDER = EXPORT_FOLDER_TEST + [f"system mkdir {tool.EXPORT_FOLDER} -p"]
+MOUNT_POINT_TEST = [f"access [{tool.MOUNT_POINT}] 0"]
 
 
-def attempt(device):
-    return ["access [/mnt/removable] 0", f"mount {device} /mnt/removable vfat 8 none"]
+def mount_call(device):
+    return [f"mount /dev/{device} {tool.MOUNT_POINT} vfat 8 none"]
 
 
 def failed_attempt(device):
-    return attempt(device) + disk_log("Warning", "DoLoopMount", f"Mount {device} failed\n")
+    return MOUNT_POINT_TEST + mount_call(device) + printed(tool.refused(device))
 
 
 def good_attempt(device, capacity):
-    return (attempt(device)
-            + disk_log("Info", "DoLoopMount", f"capacity={capacity}M\n")
-            + disk_log("Info", "DoLoopMount", f"Mount {device} sucessfully\n")
-            + disk_log("Info", "DoMountUdisk", "mount successful\n"))
+    return MOUNT_POINT_TEST + mount_call(device) + printed(tool.mounted(device, capacity))
 
 
-MOUNT = LOOK + UMOUNT_FAILS + good_attempt("/dev/sda", 7639)
+def made_mount_point():
+    """The steps to a mount point that is missing; /mnt is there."""
+    first, top, whole = map(printed, tool.MOUNT_POINT_STEPS)
+    return (MOUNT_POINT_TEST + first + ["access [] 0"] + top
+            + ["mkdir [] 0777", "access [/mnt] 0"] + MOUNT_POINT_TEST + whole
+            + [f"mkdir [{tool.MOUNT_POINT}] 0777"])
 
 
-def copy_command(name):
-    return f"cp /mnt/ramdisk/output.txt /mnt/removable/tesmar_debug/{name}.log && sync"
+MOUNT = LOOK + UMOUNT_FAILS + good_attempt("sda", 7639)
 
 
-def copy(name, logged=None, error="No such file or directory"):
-    """The copy and its log lines; the error is errno's text, left by the test for the export folder."""
-    command = copy_command(name)
-    return (main_log(command if logged is None else logged) + ["system " + command]
-            + main_log(error))
+def copy_call(name):
+    return ["system " + tool.copy_command(name)]
+
+
+def copy(name, logged=None, error=tool.NO_SUCH_FILE):
+    """The copy and its log lines; the error is errno's text, left by the export folder's test."""
+    shown = tool.copy_command(name) if logged is None else logged
+    return printed(tool.main_line(shown)) + copy_call(name) + printed(tool.main_line(error))
 
 
 def export(serial="12345", **kwargs):

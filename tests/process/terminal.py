@@ -4,14 +4,13 @@ The process must be in a mount namespace of its own; PROBE, TOOL and EMULATOR co
 """
 
 import os
-import re
 import subprocess
 import unittest
 from dataclasses import dataclass
 from pathlib import Path
 
-OUTPUT_FILE = "/mnt/ramdisk/output.txt"
-EXPORT_FOLDER = "/mnt/removable/tesmar_debug"
+from tests.support import tool
+
 OPTIONS_FILE = "/mnt/test/options.txt"
 TRACE_FILE = "/mnt/test/trace.txt"
 ROOT = "/mnt/test/root"
@@ -23,9 +22,9 @@ PARTITIONS = """major minor  #blocks  name
    8        1    7821312 sda1
 """
 
-# The probe's clock: its first reading in milliseconds, and the step to the next.
+# The probe's clock: its first reading in milliseconds, and the next one.
 FIRST_TICK = 1709644029000 % 2**32
-TICK_STEP = 250
+SECOND_TICK = FIRST_TICK + 250
 STAMP = "2024-03-05T14:07:09"
 
 
@@ -37,9 +36,11 @@ class Run:
 
 
 def plain_trace(text):
-    """The trace's lines; of log lines only level, file, function and message."""
-    head = rf"^out (-?)\[orvatool:{STAMP}\] (\w+) \[(\w+) (\w+) \d+\]: "
-    return [re.sub(head, r"out \1\2 \3 \4: ", line) for line in text.split("\n")[:-1]]
+    """The trace's lines, those of the log shortened."""
+    printed = "out "
+    return [printed + tool.shortened(line.removeprefix(printed), STAMP)
+            if line.startswith(printed) else line
+            for line in text.split("\n")[:-1]]
 
 
 def read(path):
@@ -75,7 +76,7 @@ class TerminalTest(unittest.TestCase):
     def setUp(self):
         subprocess.run(["mount", "-t", "tmpfs", "tmpfs", "/mnt"], check=True)
         self.addCleanup(subprocess.run, ["umount", "-l", "/mnt"], check=True)
-        for folder in ("/mnt/ramdisk", "/mnt/removable", ROOT + "/proc/scsi/usb-storage"):
+        for folder in (tool.RAM_DISK, tool.MOUNT_POINT, ROOT + "/proc/scsi/usb-storage"):
             os.makedirs(folder)
         self.set_partitions(PARTITIONS)
         self.set_serial("12345")
