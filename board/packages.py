@@ -1,7 +1,10 @@
-"""Downloads and unpacks the terminal's packages into a cache; nothing gets installed."""
+"""Gets the terminal's packages into a cache, downloaded and unpacked; nothing gets installed.
 
+python3 -m board.packages [lock]: `lock` pins what the mirrors have today.
+"""
+
+import contextlib
 import fcntl
-import hashlib
 import os
 import shutil
 import subprocess
@@ -9,9 +12,26 @@ import sys
 import time
 from pathlib import Path
 
-LIST = Path(__file__).parent.parent / "script" / "packages"
-KERNEL = "linux-image-armmp:armhf"  # an empty package: it only depends on the current kernel
-PAUSES_S = (0, 5, 20)               # before each attempt
+from board import lockfile
+from board.lockfile import Package
+from board.mirror import Mirror
+
+PAUSES_S = (0, 5, 20)          # before each attempt
+ASK_AGAIN_S = 7 * 24 * 60 * 60  # so old, a substitute is worth another look at the mirrors
+NOTE = "substitutes.txt"       # in a substitute: what it has instead of what is pinned
+
+
+class Unavailable(Exception):
+    """A package could not be had, or is not what it has to be."""
+
+
+class WrongContent(Unavailable):
+    """A package of the pinned version has another content."""
+
+
+def say(text):
+    """Tells the user of script/setup."""
+    print(f"script/setup: {text}", file=sys.stderr)
 
 
 def cache():
@@ -20,94 +40,149 @@ def cache():
     return Path(os.environ.get("ORVATOOL_CACHE") or Path(base) / "orvatool")
 
 
-def wanted():
-    """The package names with an architecture, in the order of the list."""
-    lines = (line.partition("#")[0].strip() for line in LIST.read_text().splitlines())
-    return [name for name in lines if ":" in name]
-
-
 def unpacked():
-    """Where the packages of the present list lie unpacked, once `fetch` has run."""
-    key = hashlib.sha256("\n".join(wanted()).encode()).hexdigest()[:12]
-    return cache() / f"terminal-{key}"
+    """Where the packages lie unpacked that the present lock pins, once `fetch` got them."""
+    return cache() / f"terminal-{lockfile.key()}"
+
+
+def substitute():
+    """Where others lie in their place, if the mirrors no longer had all of them."""
+    return cache() / f"terminal-{lockfile.key()}-substitute"
 
 
 def root():
     """Where the packages lie, for those who need them."""
-    if not unpacked().is_dir():
-        sys.exit("board: the terminal's packages are missing; script/setup gets them")
-    return unpacked()
+    for folder in unpacked(), substitute():
+        if folder.is_dir():
+            return folder
+    sys.exit("board: the terminal's packages are missing; script/setup gets them")
 
 
-def apt(state, tool, *words, **options):
-    """Runs an apt tool on a state of its own, so that the machine's own stays as it is."""
-    for folder in ("lists/partial", "archives/partial"):
-        (state / folder).mkdir(parents=True, exist_ok=True)
-    (state / "status").touch()
-    settings = {
-        "Dir::State": state,
-        "Dir::State::Lists": state / "lists",
-        "Dir::State::status": state / "status",
-        "Dir::Cache": state,
-        "APT::Architecture": "armhf",
-        "APT::Architectures": "armhf,armel",
-        "APT::Sandbox::User": "root",
-    }
-    flags = [word for key, value in settings.items() for word in ("-o", f"{key}={value}")]
-    return subprocess.run([tool, *flags, *words], text=True, check=False, **options)
-
-
-def kernel_package(state):
-    """The package that holds the kernel and its modules, for want of it the one that names it."""
-    answer = apt(state, "apt-cache", "depends", "--important", KERNEL, stdout=subprocess.PIPE)
-    names = [line.split()[1] for line in answer.stdout.splitlines() if "Depends:" in line]
-    return f"{names[0].partition(':')[0]}:armhf" if names else KERNEL
-
-
-def download(state, folder):
-    """Downloads every package into the folder. Returns the names that could not be had."""
-    missing = wanted()
-    for pause_s in PAUSES_S:
-        time.sleep(pause_s)
-        # An index that fails while its mirror is in the middle of a sync leaves the others.
-        apt(state, "apt-get", "-q", "update")
-        names = [kernel_package(state) if name == KERNEL else name for name in wanted()]
-        if apt(state, "apt-get", "-q", "download", *names, cwd=folder).returncode == 0:
-            return []
-        missing = [name for name in names
-                   if apt(state, "apt-get", "-q", "download", name, cwd=folder).returncode != 0]
-        if not missing:
-            return []
-    return missing
-
-
-def fetch():
-    """Makes sure that the packages lie in the cache. Returns the names that are missing."""
+@contextlib.contextmanager
+def work_folder():
+    """An empty folder in the cache. Of two runs that start at the same time, one waits."""
     cache().mkdir(parents=True, exist_ok=True)
     with open(cache() / "lock", "w") as lock:
-        fcntl.flock(lock, fcntl.LOCK_EX)  # two test runs may start at the same time
-        if unpacked().is_dir():
-            return []
+        fcntl.flock(lock, fcntl.LOCK_EX)
         work = cache() / "unfinished"
         shutil.rmtree(work, ignore_errors=True)
         (work / "archives").mkdir(parents=True)
-        (work / "root").mkdir()
-        missing = download(work / "apt", work / "archives")
-        if missing:
-            return missing
-        for archive in sorted((work / "archives").glob("*.deb")):
-            subprocess.run(["dpkg-deb", "-x", archive, work / "root"], check=True)
-        if not (work / "root/lib/modules").is_dir():
-            return [KERNEL]
-        release, = os.listdir(work / "root/lib/modules")
-        subprocess.run(["depmod", "-b", work / "root", release], check=True)
-        os.rename(work / "root", unpacked())
+        yield work
         shutil.rmtree(work)
-    return []
+
+
+def attempts():
+    """Pauses before each attempt. Yields whether it is the last one."""
+    for number, pause_s in enumerate(PAUSES_S, 1):
+        time.sleep(pause_s)
+        yield number == len(PAUSES_S)
+
+
+def obtain(mirror, pin, folder, may_differ):
+    """Downloads a pinned package, or the newest one when the mirrors do not list the pinned."""
+    if pin.version in mirror.versions(pin.full_name):
+        file = mirror.download(f"{pin.full_name}={pin.version}", folder)
+        if file and Package.of(file) != pin:
+            raise WrongContent(f"refused {pin}: its SHA-256 is {Package.of(file).sha256},"
+                               f" the pinned one is {pin.sha256}")
+    else:
+        file = mirror.download_newest(pin.stands_for, folder) if may_differ else None
+    if not file:
+        raise Unavailable(f"could not get the package {pin}")
+    return file
+
+
+def gather(mirror, pins, folder):
+    """Downloads all packages. Returns the file for each pin."""
+    files = {}
+    for is_last in attempts():
+        # An index that fails while its mirror is in the middle of a sync leaves the others. What
+        # they do not list may be in that one: worth another attempt.
+        may_differ = mirror.update() or is_last
+        faults = []
+        for pin in pins:
+            try:
+                files[pin] = files.get(pin) or obtain(mirror, pin, folder, may_differ)
+            except Unavailable as fault:
+                say(fault)
+                faults.append(type(fault))
+        if not faults:
+            return files
+    kind = WrongContent if WrongContent in faults else Unavailable
+    raise kind("the terminal's packages are not complete")
+
+
+def unpack(files, folder):
+    """Unpacks package files into a new folder."""
+    folder.mkdir()
+    for file in files:
+        subprocess.run(["dpkg-deb", "-x", file, folder], check=True)
+    if not (folder / "lib/modules").is_dir():
+        raise Unavailable(f"the package of {lockfile.KERNEL} holds no kernel")
+    release, = os.listdir(folder / "lib/modules")
+    subprocess.run(["depmod", "-b", folder, release], check=True)
+
+
+def download(work):
+    """Downloads what is pinned, or substitutes, into the cache."""
+    files = gather(Mirror(work / "apt"), lockfile.pinned(), work / "archives")
+    unpack(files.values(), work / "root")
+    others = {pin: Package.of(file) for pin, file in files.items() if Package.of(file) != pin}
+    shutil.rmtree(substitute(), ignore_errors=True)
+    if others:
+        (work / "root" / NOTE).write_text("".join(
+            f"the mirrors do not have the pinned {pin}; going on with {other}\n"
+            for pin, other in others.items()))
+    os.rename(work / "root", substitute() if others else unpacked())
+
+
+def fetch():
+    """Makes sure that the packages lie in the cache, or substitutes, which it names."""
+    lockfile.pinned()  # fits the list
+    with work_folder() as work:
+        if unpacked().is_dir():
+            return
+        note = substitute() / NOTE
+        if not note.is_file():
+            download(work)
+        elif time.time() - note.stat().st_mtime > ASK_AGAIN_S:
+            os.utime(note)
+            try:
+                download(work)
+            except WrongContent:
+                raise
+            except Unavailable:
+                pass  # what is there will do
+        if note.is_file():
+            for sentence in note.read_text().splitlines():
+                say(sentence)
+
+
+def renew():
+    """Pins what the mirrors have today."""
+    with work_folder() as work:
+        mirror = Mirror(work / "apt")
+        files = {}
+        for is_last in attempts():
+            whole = mirror.update()
+            if whole or is_last:  # what the failed index lists may be newer
+                for name in lockfile.wanted():
+                    files[name] = files.get(name) or mirror.download_newest(name, work / "archives")
+                if all(files.values()):
+                    break
+        for name, file in files.items():
+            if not file:
+                raise Unavailable(f"could not get the package {name}; nothing is changed")
+        if not whole:
+            say("a package index failed; pinned is what the others list")
+        lockfile.write(map(Package.of, files.values()))
 
 
 if __name__ == "__main__":
-    absent = fetch()
-    for name in absent:
-        print(f"script/setup: could not get the package {name}", file=sys.stderr)
-    sys.exit(1 if absent else 0)
+    try:
+        if sys.argv[1:] == ["lock"]:
+            renew()
+        fetch()
+    except (Unavailable, lockfile.Mismatch) as error:
+        say(error)
+        sys.exit(1)
