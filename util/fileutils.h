@@ -3,11 +3,14 @@
  *
  * Paths and names are zero-terminated byte strings; buffers belong to the caller. Where a buffer's
  * size is passed, it counts the terminator, longer texts are cut to it, and with a size of 0 or
- * below nothing is written. Pointers may be NULL only where a function says so. Failures are logged
- * under the source name fileutils; where a function reports on standard error instead, it says so.
+ * below nothing is written. A function logs and reports what its comment says and nothing else; its
+ * log lines carry the source name fileutils.
+ *
+ * Pointers may be NULL only where a function says so.
  *
  * Records are the C library's own struct dirent and struct stat. Programs that exchange them with
- * the library must be built without large-file flags, as the library is.
+ * the library must be built without large-file flags, as the library is. So on a 32-bit target a
+ * file of 2 GiB or more cannot be opened and has no status: it is not copied and not delivered.
  *
  * The functions keep no state, but for the one folder that TrOpenFolder opens.
  */
@@ -37,9 +40,7 @@ typedef struct CopyFolderItem {
 
 #pragma GCC visibility push(default)
 
-/*
- * Questions about files.
- */
+/* Questions about files. */
 
 /*
  * Returns how much of the file system that holds path is in use, in percent, 0 to 100, rounded to
@@ -49,7 +50,8 @@ typedef struct CopyFolderItem {
  */
 int DiskSpaceUsed(const char* path);
 
-/* Returns 1 if path exists, else 0; 0 for NULL. */
+/* Returns 1 if path exists, else 0, also when it cannot be looked up and for NULL. Links
+ * are followed. */
 int CheckFileExists(const char* path);
 
 /*
@@ -62,9 +64,12 @@ int JudgePicFile(const char* name);
 
 /*
  * Copying a file. Destination first, as in memcpy. Both functions append: a destination that holds
- * data already keeps it. It must not be the source itself, which would grow without end. Nothing is
- * forced to storage; run `sync` when that matters. A read error ends a copy like the end of the
- * file.
+ * data already keeps it. Nothing is forced to storage; run `sync` when that matters. A read error
+ * ends a copy like the end of the file.
+ *
+ * The destination must not be the source itself. A file smaller than one buffer of the C library
+ * (4 KiB on most file systems) is doubled, and the result is 1. A larger one grows until the disk
+ * is full, and the result is -1.
  */
 
 /*
@@ -98,7 +103,7 @@ int FileCopy(const char* dest, const char* src);
  * "/mnt/mtdblock/data/".
  */
 
-/* Writes the data folder to out. Returns 1. */
+/* Writes the data folder to out. Returns 1, also when the text is cut or not written. */
 int GetAssignEnvPath(const char* var, char* out, int size);
 
 /*
@@ -113,40 +118,41 @@ char* GetEnvFilePath(const char* var, const char* file, char* out, int size);
  */
 
 /*
- * Opens a folder for TrGetFileName. Returns 1, or 0 when it cannot be opened or path is NULL, which
- * is logged.
+ * Opens a folder for TrGetFileName. Returns 1, or 0 when it cannot be opened, which is not logged,
+ * or path is NULL, which is.
  *
- * Good to know: a folder that is open is not closed first. Pair each call with TrCloseFolder.
+ * Good to know: a folder that is open is not closed first, so pair each call with TrCloseFolder. A
+ * call that fails drops it all the same, and nothing is open then. NULL leaves it open.
  */
 int TrOpenFolder(const char* path);
 
 /*
  * Delivers the next regular file or directory of the open folder to entry and status; either may be
- * NULL. Symbolic links are followed. A folder must be open.
+ * NULL. Symbolic links are followed: status is the target's, entry the link's own.
  *
- * Returns 1, or 0 at the end of the folder.
+ * Returns 1, or 0 at the end of the folder and when it cannot be read; both records are then
+ * untouched. A folder must be open.
  *
  * Good to know:
  *  - "." and ".." and other kinds of file are passed over, but logged.
- *  - An entry without status, such as a dangling link, is logged, reported on standard error and
- *    passed over.
+ *  - An entry without status, such as a dangling link or a file of 2 GiB on a 32-bit target, is
+ *    logged, reported on standard error and passed over.
  *  - The folder's path is cut to 255 characters, with the name to 511.
- *  - entry is written whole: behind the kernel's record it is filled with 0.
+ *  - entry is written whole: what the kernel's record does not reach is filled with 0.
  */
 int TrGetFileName(struct dirent* entry, struct stat* status);
 
 /* Closes the open folder, if any. Returns 1. */
 int TrCloseFolder(void);
 
-/*
- * Whole folders.
- */
+/* Whole folders. */
 
 /*
  * Returns the number of entries of any kind in the folder, or 0 when it cannot be opened or path is
- * NULL, which is logged. The folder cursor is not touched.
+ * NULL; both are logged. The folder cursor is not touched.
  *
- * Good to know: two entries, "." and "..", are always taken off.
+ * Good to know: two entries, "." and "..", are always taken off. A folder that opens but cannot be
+ * read gives -2.
  */
 int GetFileCountOfFolder(const char* path);
 
@@ -155,14 +161,18 @@ int GetFileCountOfFolder(const char* path);
  * "cp src/name dest -rf && sync". filter, unless NULL, is called for each entry; a negative result
  * leaves the entry out.
  *
- * Returns the number of entries copied, or -1 when src cannot be opened or is NULL, which is
- * logged.
+ * Returns the number of commands that gave 0, or -1 when src cannot be opened or is NULL, which is
+ * logged. So are each entry and each command.
  *
  * Good to know:
- *  - The folder cursor is used and closed. filter must not use it.
- *  - src with a name is cut to 79 characters, the command to 254. The command then fails or names
- *    another file, and is not counted if it fails.
- *  - The shell interprets the names.
+ *  - The folder cursor is used and closed, and a folder that the caller had open is dropped. filter
+ *    must not use it.
+ *  - src with a name is cut to 79 characters, the command to 254. A cut command may fail, copy
+ *    another file or copy without `sync`. Cut between the two '&' it runs in the background: it
+ *    counts at once, whatever becomes of it.
+ *  - The shell interprets the names, and src and dest.
+ *  - A dest of NULL stands in the command as "(null)", which the shell refuses: nothing is copied,
+ *    and the result is 0.
  */
 int CopyFolder(const char* src, const char* dest, int (*filter)(CopyFolderItem* item));
 
@@ -172,9 +182,10 @@ int CopyFolder(const char* src, const char* dest, int (*filter)(CopyFolderItem* 
  *
  * Good to know:
  *  - What follows the last '/' is not created: "a/b/c" creates a and a/b, "a/b/c/" all three.
- *  - The leading '/' of an absolute path counts as a part too: an empty one, which is logged as
- *    created at index 0 and cannot be.
- *  - A directory that cannot be created is not reported, and the walk goes on.
+ *  - The leading '/' of an absolute path counts too: the part before it is empty. It is logged as
+ *    "create 0 p=[]" and cannot be created.
+ *  - The path and each directory that is missing are logged as information. That a directory
+ *    cannot be created is not, and the walk goes on.
  *  - A path is cut to its first 1,023 characters.
  */
 void CreateMulvPath(const char* path);
@@ -193,6 +204,7 @@ void CreateMulvPath(const char* path);
  * reported on standard error.
  *
  * Good to know: a shell that cannot be started gives 0, as does a wait that a signal interrupts.
+ * While the caller ignores SIGCHLD the result is always 0, because the kernel keeps no status.
  */
 int systemEx(const char* command);
 
@@ -204,8 +216,9 @@ int systemEx(const char* command);
  *
  * Good to know:
  *  - Standard input, output and error are closed too.
- *  - The list of descriptors is read through a descriptor that is itself closed on the way. What
- *    the first read did not bring, beyond about 1,300 descriptors, stays open.
+ *  - The list is read in blocks of about 1,300 numbers, upwards, through a descriptor that stands
+ *    on the list of the own process. With it the reading ends: the numbers of its block are all
+ *    closed, those of later blocks stay open. It has the lowest number that was free.
  */
 int CloseChildProcFd(int pid);
 

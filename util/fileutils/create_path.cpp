@@ -29,7 +29,7 @@ void CreateMulvPath(const char* path) {
         prefix[i] = '\0';
         if (access(prefix, F_OK) != 0) {
             LOG(LOG_INFO, "create %d p=[%s]\n", i, prefix);
-            (void)mkdir(prefix, kFolderMode);  // the next level fails too
+            (void)mkdir(prefix, kFolderMode);  // a failure does not end the walk
         }
         prefix[i] = '/';
     }

@@ -1,6 +1,7 @@
 // CloseChildProcFd, in forked children but where it closes nothing of ours.
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -138,4 +139,43 @@ TEST_F(CloseChildProcFdTest, ClosesNothingForNoProcess) {
     }
     EXPECT_EQ(OpenDescriptors(), before);
     EXPECT_EQ(errors.Take(), "");
+}
+
+TEST(CloseChildProcFd, LeavesOpenWhatFollowsTheBlockWithTheListingsOwnNumber) {
+    constexpr int kEnd = 4000;
+    struct rlimit limit;
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &limit), 0);
+    if (limit.rlim_max < kEnd) {
+        GTEST_SKIP() << "needs " << kEnd << " descriptors";
+    }
+    struct Record {
+        int first_left;
+        int left;
+    };
+    // The listing gets the lowest free number.
+    for (const int free_number : {5, kEnd - 10}) {
+        SharedRecord<Record> record;
+        InChild([&] {
+            limit.rlim_cur = limit.rlim_max;
+            setrlimit(RLIMIT_NOFILE, &limit);
+            for (int fd = 3; fd < kEnd; ++fd) {
+                dup2(STDIN_FILENO, fd);
+            }
+            close(free_number);
+            CloseChildProcFd(getpid());
+            for (int fd = kEnd - 1; fd >= 0; --fd) {
+                if (fcntl(fd, F_GETFD) >= 0) {
+                    record->first_left = fd;
+                    ++record->left;
+                }
+            }
+        });
+        if (free_number == 5) {
+            EXPECT_GT(record->first_left, 1000);
+            EXPECT_LT(record->first_left, 1600);
+            EXPECT_EQ(record->left, kEnd - record->first_left);
+        } else {
+            EXPECT_EQ(record->left, 0);
+        }
+    }
 }

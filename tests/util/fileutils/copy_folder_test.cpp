@@ -224,3 +224,26 @@ TEST_F(CopyFolderTest, EndsTheFolderThatACallerHadOpen) {
     EXPECT_EQ(gFolderDir, nullptr);
     closedir(callers);
 }
+
+TEST_F(CopyFolderTest, CountsACommandThatIsCutBetweenTheAmpersandsWhateverItDoes) {
+    Write("file", "");
+    fake_.on_command = nullptr;  // the shell itself
+    CapturedStream errors(stderr);
+    const std::string missing = Path("missing/");
+    EXPECT_EQ(CopyFolder(folder().c_str(), (missing + "d").c_str(), nullptr), 0);
+    const size_t too_long = 254 + std::string("& sync").size();
+    const std::string dest = missing + std::string(too_long - Command("file", missing).size(), 'd');
+    EXPECT_EQ(CopyFolder(folder().c_str(), dest.c_str(), nullptr), 1);
+    EXPECT_TRUE(fake_.commands.back().ends_with(" -rf &"));
+    EXPECT_FALSE(Exists("missing"));
+}
+
+TEST_F(CopyFolderTest, CopiesNothingToNull) {
+    Write("file", "");
+    fake_.on_command = nullptr;  // the shell itself
+    CapturedStream errors(stderr);
+    EXPECT_EQ(CopyFolder(folder().c_str(), nullptr, Filter), 0);
+    EXPECT_EQ(fake_.commands, Texts{Command("file", "(null)")});
+    EXPECT_EQ(seen.size(), 1U);
+    EXPECT_NE(errors.Take(), "");  // the shell's own complaint
+}

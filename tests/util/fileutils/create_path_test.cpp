@@ -137,7 +137,7 @@ TEST_F(CreateMulvPathTest, TakesADanglingLinkForAMissingLevel) {
 }
 
 TEST_F(CreateMulvPathTest, CutsThePathTo1023Characters) {
-    // Levels of 100 characters; the last slash is the character 1023 or lies behind it.
+    // Levels of 100 characters; the last slash is the character 1023 or comes after it.
     std::string path;
     while (path.size() < 1010) {
         path += std::string(100, 'd');
@@ -172,4 +172,10 @@ TEST_F(CreateMulvPathTest, LeavesTheErrnoOfItsLastFailure) {
     fclose(fopen("file", "w"));
     CreateMulvPath("file/x/");
     EXPECT_EQ(errno, ENOTDIR);  // of mkdir
+}
+
+TEST_F(CreateMulvPathTest, ReachesTheLevelAfterOneThatCannotBeCreated) {
+    const std::string path = folder_ + "/a/";
+    EXPECT_EQ(LogOf(path).at(1), Create(0, ""));  // refused, and the walk goes on
+    EXPECT_TRUE(fs::is_directory("a"));
 }

@@ -176,3 +176,17 @@ TEST_P(FileCopyTest, OpensTheSourceFirst) {
     EXPECT_FALSE(Exists("dest"));
     EXPECT_TRUE(files.closed.empty());
 }
+
+TEST_P(FileCopyTest, DoublesASmallFileOntoItself) {
+    Write("file", Bytes(1000));
+    EXPECT_EQ(Copy("file", "file"), 1);
+    EXPECT_EQ(Read("file"), Bytes(1000) + Bytes(1000));
+}
+
+TEST_P(FileCopyTest, GrowsALargeFileOntoItselfUntilAWriteFails) {
+    Write("file", Bytes(kBlock));
+    FakeFiles files;
+    files.short_write = 20;
+    EXPECT_EQ(Copy("file", "file"), -1);
+    EXPECT_EQ(Read("file").size() / kBlock, 1U + 20);
+}

@@ -187,3 +187,10 @@ TEST(JudgePicFile, IsZeroForExtensionsOfAnyGreaterLength) {
         EXPECT_EQ(JudgePicFile(ExactCopy("a." + extension).get()), 0) << length;
     }
 }
+
+TEST_F(CheckFileExistsTest, FollowsLinks) {
+    symlink("missing", Path("dangling").c_str());
+    symlink(".", Path("link").c_str());
+    EXPECT_EQ(CheckFileExists(Path("dangling").c_str()), 0);
+    EXPECT_EQ(CheckFileExists(Path("link").c_str()), 1);
+}

@@ -1,11 +1,13 @@
 // TrGetFileName: the records that it fills.
 
 #include <cstddef>
+#include <cstdlib>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "tests/support/captured_stream.h"
 #include "tests/support/log_lines.h"
 #include "tests/util/fileutils/cursor_folder.h"
 #include "tests/util/fileutils/fake_folders.h"
@@ -139,4 +141,31 @@ TEST_F(TrGetFileNameTest, DeliversAFolderThatFillsManyOfTheKernelsBlocks) {
     }
     ASSERT_EQ(TrOpenFolder(folder().c_str()), 1);
     EXPECT_EQ(AsSet(Delivered()).size(), static_cast<size_t>(kFiles));
+}
+
+TEST(TrGetFileName, LeavesOutFilesWhoseSizeDoesNotFit) {
+    char folder[] = "/dev/shm/fileutils_XXXXXX";
+    ASSERT_NE(mkdtemp(folder), nullptr);
+    const std::string path = std::string(folder) + "/large";
+    const struct {
+        long long size;
+        bool fits;
+    } kCases[] = {
+        {0x7FFFFFFF, true},
+        {0x80000000, sizeof(off_t) > 4},
+    };
+    for (const auto& [size, fits] : kCases) {
+        ASSERT_EQ(systemEx(("truncate -s " + std::to_string(size) + " " + path).c_str()), 0);
+        CapturedLog log;
+        CapturedStream errors(stderr);
+        ASSERT_EQ(TrOpenFolder(folder), 1);
+        struct stat status;
+        EXPECT_EQ(TrGetFileName(nullptr, &status), fits ? 1 : 0);
+        EXPECT_EQ(fits ? status.st_size : 0, fits ? size : 0);
+        EXPECT_EQ(errors.Take(),
+                  fits ? "" : "test===========: Value too large for defined data type\n");
+        TrCloseFolder();
+    }
+    unlink(path.c_str());
+    rmdir(folder);
 }

@@ -153,3 +153,11 @@ TEST_F(systemExTest, GivesEachThreadItsOwnStatus) {
         EXPECT_EQ(statuses[i], static_cast<int>(i) * 256);
     }
 }
+
+TEST(systemEx, IsZeroWhileTheCallerIgnoresSigchld) {
+    const auto old_handler = signal(SIGCHLD, SIG_IGN);
+    EXPECT_EQ(systemEx("exit 3"), 0);
+    EXPECT_EQ(systemEx("kill -9 $$"), 0);
+    signal(SIGCHLD, old_handler);
+    EXPECT_EQ(systemEx("exit 3"), 768);
+}
