@@ -6,7 +6,9 @@
  * below nothing is written. A function logs and reports what its comment says and nothing else; its
  * log lines carry the source name fileutils.
  *
- * Pointers may be NULL only where a function says so.
+ * NULL never ends the caller. A function that needs the path, name or command gives its result for
+ * a failure: 0, or -1 or -2 where it says so; one without result does nothing. An output that is
+ * NULL is not written. What else NULL means stands at the function.
  *
  * Records are the C library's own struct dirent and struct stat. Programs that exchange them with
  * the library must be built without large-file flags, as the library is. So on a 32-bit target a
@@ -50,8 +52,7 @@ typedef struct CopyFolderItem {
  */
 int DiskSpaceUsed(const char* path);
 
-/* Returns 1 if path exists, else 0, also when it cannot be looked up and for NULL. Links
- * are followed. */
+/* Returns 1 if path exists, else 0, also when it cannot be looked up. Links are followed. */
 int CheckFileExists(const char* path);
 
 /*
@@ -100,14 +101,14 @@ int FileCopy(const char* dest, const char* src);
 
 /*
  * Paths in the data folder: the value of the environment variable var where it is set, otherwise
- * "/mnt/mtdblock/data/".
+ * "/mnt/mtdblock/data/", also for a var of NULL.
  */
 
 /* Writes the data folder to out. Returns 1, also when the text is cut or not written. */
 int GetAssignEnvPath(const char* var, char* out, int size);
 
 /*
- * Writes the path of file in the data folder to out. Returns out.
+ * Writes the path of file in the data folder to out. A file of NULL counts as empty. Returns out.
  *
  * Good to know: no '/' is put between the two; the variable's value must end in one.
  */
@@ -130,15 +131,16 @@ int TrOpenFolder(const char* path);
  * Delivers the next regular file or directory of the open folder to entry and status; either may be
  * NULL. Symbolic links are followed: status is the target's, entry the link's own.
  *
- * Returns 1, or 0 at the end of the folder and when it cannot be read; both records are then
- * untouched. A folder must be open.
+ * Returns 1, or 0 at the end of the folder, when it cannot be read and when no folder is open; both
+ * records are then untouched.
  *
  * Good to know:
  *  - "." and ".." and other kinds of file are passed over, but logged.
  *  - An entry without status, such as a dangling link or a file of 2 GiB on a 32-bit target, is
  *    logged, reported on standard error and passed over.
  *  - The folder's path is cut to 255 characters, with the name to 511.
- *  - entry is written whole: what the kernel's record does not reach is filled with 0.
+ *  - entry is written whole: what the kernel's record does not reach is filled with 0. A name that
+ *    is longer than the field is cut and terminated.
  */
 int TrGetFileName(struct dirent* entry, struct stat* status);
 

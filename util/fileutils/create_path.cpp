@@ -17,6 +17,9 @@ constexpr mode_t kFolderMode = 0777;  // less the umask
 }  // namespace
 
 void CreateMulvPath(const char* path) {
+    if (path == nullptr) {
+        return;
+    }
     char prefix[kPathSize] = {};
     strncpy(prefix, path, sizeof prefix - 1);
     const auto length = static_cast<int>(strlen(prefix));

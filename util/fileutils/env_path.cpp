@@ -11,19 +11,23 @@ namespace {
 constexpr char kDefaultFolder[] = "/mnt/mtdblock/data/";
 
 const char* DataFolder(const char* var) {
-    const char* const folder = getenv(var);
+    const char* const folder = var != nullptr ? getenv(var) : nullptr;
     return folder != nullptr ? folder : kDefaultFolder;
 }
 
 }  // namespace
 
 int GetAssignEnvPath(const char* var, char* out, int size) {
-    snprintf(out, BufferSize(size), "%s", DataFolder(var));
+    if (out != nullptr) {
+        snprintf(out, BufferSize(size), "%s", DataFolder(var));
+    }
     return 1;
 }
 
 char* GetEnvFilePath(const char* var, const char* file, char* out, int size) {
-    // No '/' in between: the folder ends in one.
-    snprintf(out, BufferSize(size), "%s%s", DataFolder(var), file);
+    if (out != nullptr) {
+        // No '/' in between: the folder ends in one.
+        snprintf(out, BufferSize(size), "%s%s", DataFolder(var), file != nullptr ? file : "");
+    }
     return out;
 }

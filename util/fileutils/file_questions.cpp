@@ -18,7 +18,7 @@ constexpr uint64_t kPercent = 100;
 
 int DiskSpaceUsed(const char* path) {
     struct statfs info;
-    if (statfs(path, &info) != 0 || info.f_blocks == 0) {
+    if (path == nullptr || statfs(path, &info) != 0 || info.f_blocks == 0) {
         return 0;
     }
     // Blocks kept for the superuser are free but not available: they belong to neither part.
@@ -35,7 +35,8 @@ int CheckFileExists(const char* path) {
 }
 
 int JudgePicFile(const char* name) {
-    const char* const dot = strchr(name, '.');  // the first one: "a.b.jpg" is no picture
+    // The first dot: "a.b.jpg" is no picture.
+    const char* const dot = name != nullptr ? strchr(name, '.') : nullptr;
     if (dot == nullptr) {
         return 0;
     }

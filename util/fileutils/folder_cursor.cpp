@@ -27,10 +27,11 @@ bool IsDelivered(const struct dirent& entry, const struct stat& status) {
 }
 
 // Copies the record as far as it reaches: the kernel's entries are shorter than the struct, and
-// what lies behind the last one need not be readable.
+// what lies behind the last one need not be readable. A longer entry has its name cut.
 void CopyEntry(struct dirent* out, const struct dirent& entry) {
     memset(out, 0, sizeof *out);
     memcpy(out, &entry, std::min<size_t>(entry.d_reclen, sizeof *out));
+    out->d_name[strnlen(out->d_name, sizeof out->d_name - 1)] = '\0';
 }
 
 }  // namespace
@@ -47,6 +48,9 @@ int TrOpenFolder(const char* path) {
 }
 
 int TrGetFileName(struct dirent* entry_out, struct stat* status_out) {
+    if (gFolderDir == nullptr) {
+        return 0;
+    }
     const struct dirent* entry;
     while ((entry = readdir(gFolderDir)) != nullptr) {
         char path[kStatPathSize];

@@ -174,6 +174,13 @@ TEST_F(CreateMulvPathTest, LeavesTheErrnoOfItsLastFailure) {
     EXPECT_EQ(errno, ENOTDIR);  // of mkdir
 }
 
+TEST_F(CreateMulvPathTest, DoesNothingForNull) {
+    CapturedLog log;
+    CreateMulvPath(nullptr);
+    EXPECT_EQ(log.TakeText(), "");
+    EXPECT_TRUE(mkdir_modes.empty());
+}
+
 TEST_F(CreateMulvPathTest, ReachesTheLevelAfterOneThatCannotBeCreated) {
     const std::string path = folder_ + "/a/";
     EXPECT_EQ(LogOf(path).at(1), Create(0, ""));  // refused, and the walk goes on

@@ -140,3 +140,33 @@ TEST_F(EnvPath, ReportsNothing) {
     ExpectPath(nullptr, "x", 1, Terminated(""));
     EXPECT_EQ(log.TakeText() + errors.Take(), "");
 }
+
+TEST_F(GetAssignEnvPathTest, TakesTheDefaultForAVariableOfNull) {
+    GuardedBuffer out(kRoom);
+    EXPECT_EQ(GetAssignEnvPath(nullptr, out.data(), kRoom), 1);
+    out.ExpectHolds(Terminated(kDefault));
+}
+
+TEST_F(GetAssignEnvPathTest, WritesNothingToNull) {
+    for (const int size : {INT_MIN, 0, 1, 100}) {
+        EXPECT_EQ(GetAssignEnvPath(kVar, nullptr, size), 1);
+    }
+}
+
+TEST_F(GetEnvFilePathTest, TakesTheDefaultForAVariableOfNull) {
+    GuardedBuffer out(kRoom);
+    EXPECT_EQ(GetEnvFilePath(nullptr, "x.dat", out.data(), kRoom), out.data());
+    out.ExpectHolds(Terminated("/mnt/mtdblock/data/x.dat"));
+}
+
+TEST_F(GetEnvFilePathTest, TakesNullForAnEmptyFile) {
+    ExpectPath("/tmp/", nullptr, kRoom, Terminated("/tmp/"));
+    ExpectPath(nullptr, nullptr, kRoom, Terminated(kDefault));
+    ExpectPath("/tmp/", nullptr, 0, {});
+}
+
+TEST_F(GetEnvFilePathTest, WritesNothingToNull) {
+    for (const int size : {INT_MIN, 0, 1, 100}) {
+        EXPECT_EQ(GetEnvFilePath(kVar, "x.dat", nullptr, size), nullptr);
+    }
+}

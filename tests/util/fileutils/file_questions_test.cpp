@@ -188,6 +188,14 @@ TEST(JudgePicFile, IsZeroForExtensionsOfAnyGreaterLength) {
     }
 }
 
+TEST(JudgePicFile, IsNoForNull) {
+    EXPECT_EQ(JudgePicFile(nullptr), 0);
+}
+
+TEST_F(DiskSpaceUsedTest, IsZeroForNull) {
+    EXPECT_EQ(DiskSpaceUsed(nullptr), 0);
+}
+
 TEST_F(CheckFileExistsTest, FollowsLinks) {
     symlink("missing", Path("dangling").c_str());
     symlink(".", Path("link").c_str());

@@ -1,5 +1,6 @@
 // TrGetFileName: the records that it fills.
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdlib>
 #include <memory>
@@ -141,6 +142,40 @@ TEST_F(TrGetFileNameTest, DeliversAFolderThatFillsManyOfTheKernelsBlocks) {
     }
     ASSERT_EQ(TrOpenFolder(folder().c_str()), 1);
     EXPECT_EQ(AsSet(Delivered()).size(), static_cast<size_t>(kFiles));
+}
+
+TEST(TrGetFileName, IsZeroWithoutAnOpenFolder) {
+    TrCloseFolder();
+    auto entry = Filled<struct dirent>(kFill);
+    auto status = Filled<struct stat>(kFill);
+    EXPECT_EQ(TrGetFileName(&entry, &status), 0);
+    EXPECT_EQ(BytesOf(entry), std::string(sizeof entry, kFill));
+    EXPECT_EQ(BytesOf(status), std::string(sizeof status, kFill));
+    EXPECT_EQ(TrGetFileName(nullptr, nullptr), 0);
+}
+
+TEST(TrGetFileName, CutsANameThatIsLongerThanTheField) {
+    constexpr size_t kField = sizeof dirent::d_name;
+    for (const size_t length : {kField - 1, kField, kField + 50}) {
+        // As a kernel with longer names would lay it out.
+        const size_t name_at = offsetof(struct dirent, d_name);
+        std::string block(std::max(name_at + length + 1, sizeof(struct dirent)), '\0');
+        block.replace(name_at, length, length, 'n');
+        auto* given = reinterpret_cast<struct dirent*>(block.data());
+        given->d_reclen = static_cast<unsigned short>(block.size());
+        FakeFolders fake;
+        fake.on_readdir = [given] { return given; };
+        fake.on_stat = [](const std::string&, struct stat* out) {
+            out->st_mode = S_IFREG;
+            return 0;
+        };
+        ASSERT_EQ(TrOpenFolder("/"), 1);
+        auto entry = Filled<struct dirent>(kFill);
+        EXPECT_EQ(TrGetFileName(&entry, nullptr), 1);
+        EXPECT_EQ(strnlen(entry.d_name, kField), kField - 1) << length;
+        EXPECT_EQ(entry.d_name[kField - 2], 'n') << length;
+        TrCloseFolder();
+    }
 }
 
 TEST(TrGetFileName, LeavesOutFilesWhoseSizeDoesNotFit) {
