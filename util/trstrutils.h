@@ -8,7 +8,11 @@
  *
  * A separator is one byte. Where it is passed as int, it is compared with the text's bytes as
  * values from 0 to 255: pass a separator above 0x7F unsigned. A negative one never ends a part or a
- * value. Pointers may be NULL only where a function says so.
+ * value.
+ *
+ * NULL never ends the caller, and only Str2Upcase logs it. An input of NULL gives the result that
+ * the function names for it, and nothing is written unless the function says so. An output of NULL
+ * is skipped; the result and the other outputs are as ever.
  */
 #ifndef UTIL_TRSTRUTILS_H
 #define UTIL_TRSTRUTILS_H
@@ -19,15 +23,13 @@ extern "C" {
 
 #pragma GCC visibility push(default)
 
-/*
- * Splitting a text at the first separator.
- */
+/* Splitting a text at the first separator. */
 
 /*
  * Copies what precedes the first separator into first and what follows it into rest, both
  * terminated. Each buffer must hold the whole text; first must not overlap text.
  *
- * Returns the address behind rest's terminator.
+ * Returns the address that follows rest's terminator; rest itself when text or rest is NULL.
  *
  * Good to know: a text without separator, an empty one too, goes to first whole. rest then keeps
  * its contents, the byte before it, rest[-1], is set to 0, and the result is rest itself. Clear
@@ -39,12 +41,13 @@ char* SplitByChar(const char* text, char* first, char* rest, int separator);
  * Splits text into a key and a value: what precedes the first separator and what follows it, each
  * cut to its buffer's size less one and terminated.
  *
- * Returns 0.
+ * Returns 0, also for a text of NULL.
  *
  * Good to know: when nothing follows (no separator, or it is the last byte) the value is not
  * copied. A single 0 is written at value[length of the stored key], wherever that lies, and all
  * other bytes of value keep their contents. Clear value before the call, and give it the room. With
- * a key_size of 0 or below nothing is written then.
+ * a key_size of 0 or below nothing is written then. When key is NULL the length is the one that a
+ * key of key_size bytes would have.
  */
 int SplitKeyValueByChar(const char* text, char* key, int key_size, char* value, int value_size,
                         char separator);
@@ -58,19 +61,19 @@ int SplitKeyValueByChar(const char* text, char* key, int key_size, char* value, 
  * Copies the value of key into out, of which out_max bytes may be written.
  *
  * Returns the value's length, 1 to out_max - 1, with out terminated; 0 for an empty value, with
- * out empty; -1 when text is NULL or the key is missing, with out empty.
+ * out empty; -1 when text or key is NULL or the key is missing, with out empty.
  *
  * Good to know:
  *  - A value of out_max bytes or more returns 0 as well: out then holds its first out_max bytes
  *    and no terminator.
  *  - Keys over 197 bytes are never found.
- *  - Keys are found behind the low byte of separator, also where it ends no value.
+ *  - Keys are found after the low byte of separator, also where it ends no value.
  */
 int ExtractValue(const char* text, const char* key, int separator, char* out, int out_max);
 
 /*
- * Returns the value of key as a decimal number, or default_value when the key is missing or its
- * value is empty or has 40 bytes or more.
+ * Returns the value of key as a decimal number, or default_value when text or key is NULL, the key
+ * is missing or its value is empty or has 40 bytes or more.
  *
  * Good to know: leading white space and a sign are accepted, the number ends at the first other
  * character, and a value without digits is 0, not default_value. Numbers beyond 32 bits give the
@@ -78,9 +81,7 @@ int ExtractValue(const char* text, const char* key, int separator, char* out, in
  */
 int ExtractValueInt(const char* text, const char* key, int separator, int default_value);
 
-/*
- * Texts changed in place.
- */
+/* Texts changed in place. */
 
 /*
  * Removes spaces at both ends. A text of spaces becomes empty; NULL is left alone.
@@ -99,16 +100,14 @@ void TrimAroundSpace(char* text);
  */
 int Str2Upcase(char* text, int length);
 
-/*
- * Hexadecimal digits.
- */
+/* Hexadecimal digits. */
 
 /*
  * Decodes pairs of hexadecimal digits of either case into out, which must hold half the text's
  * length in bytes. An odd last character is ignored; out is not terminated.
  *
- * Returns the number of bytes decoded, or 0 when a pair is not hexadecimal; the bytes before that
- * pair are written all the same.
+ * Returns the number of bytes decoded, or 0 when hex is NULL or a pair is not hexadecimal; the
+ * bytes before that pair are written all the same.
  *
  * Good to know: the characters : ; < = > ? pass as the digits 10 to 15.
  */
@@ -122,30 +121,26 @@ int Decode16(const char* hex, unsigned char* out);
  */
 int str2Hex(int high, int low);
 
-/*
- * Decimal numbers.
- */
+/* Decimal numbers. */
 
 /*
- * Returns the decimal number in text, which '-' may precede, or default_value when text is empty,
- * is '-' alone or holds anything but digits and spaces before its end.
+ * Returns the decimal number in text, which '-' may precede, or default_value when text is NULL or
+ * empty, is '-' alone or holds anything but digits and spaces before its end.
  *
  * Good to know:
  *  - Spaces are skipped as long as the value is 0: "  42", "- 7" and "0 42" give 42, -7 and 42,
  *    and a text of spaces gives 0.
- *  - A space behind a value other than 0 ends the number; what follows is not looked at.
+ *  - A space after a value other than 0 ends the number; what follows is not looked at.
  *  - '+', tabs and line ends give default_value.
  *  - Numbers beyond 32 bits wrap.
  */
 int str2int(const char* text, int default_value);
 
-/*
- * Checksum and sorting.
- */
+/* Checksum and sorting. */
 
 /*
  * Returns the Internet checksum (RFC 1071) of length bytes, 0 to 0xFFFF. buffer must be aligned
- * for 16-bit access. A length of 0 or below gives 0xFFFF.
+ * for 16-bit access. A length of 0 or below and a buffer of NULL give 0xFFFF.
  *
  * Good to know: words are read in the machine's byte order. Store the result into the packet in
  * that same order; do not swap it.
@@ -153,7 +148,7 @@ int str2int(const char* text, int default_value);
 int in_chksum(const unsigned short* buffer, int length);
 
 /*
- * Sorts count numbers ascending, in place and stable. A count below 2 changes nothing.
+ * Sorts count numbers ascending, in place. A count below 2 and an array of NULL do nothing.
  *
  * Good to know: each merge takes a heap block for the numbers that it merges. When there is none,
  * "Error:out of memory!" is logged, the sort goes on, and the array ends partly sorted.

@@ -1,4 +1,4 @@
-// Hexadecimal digits. Each function has its own idea of what a digit is, and callers know it.
+// Hexadecimal digits. The two functions differ in what passes as a digit; callers rely on both.
 
 #include <cstdint>
 #include <cstring>
@@ -10,8 +10,8 @@ namespace {
 constexpr int kBase = 16;
 constexpr int kLetterValue = 10;  // of A
 
-// The digit's value; below 0 or above 15 for most characters that are none, but not for those from
-// ':' to '?', which stand behind '9' and count on from it.
+// The digit's value. ':' to '?', which follow '9' in ASCII, are 10 to 15; other characters that
+// are no digits give a value below 0 or above 15.
 int LenientDigitValue(char character) {
     const auto code = static_cast<unsigned char>(character);
     if (code >= 'a') {
@@ -42,6 +42,9 @@ uint32_t UncheckedDigitValue(int character) {
 }  // namespace
 
 int Decode16(const char* hex, unsigned char* out) {
+    if (hex == nullptr) {
+        return 0;
+    }
     const auto pairs = static_cast<int>(strlen(hex) / 2);
     for (int i = 0; i < pairs; ++i) {
         const int high = LenientDigitValue(hex[2 * i]);
@@ -49,7 +52,9 @@ int Decode16(const char* hex, unsigned char* out) {
         if (!IsDigitValue(high) || !IsDigitValue(low)) {
             return 0;
         }
-        out[i] = static_cast<unsigned char>(high * kBase + low);
+        if (out != nullptr) {
+            out[i] = static_cast<unsigned char>(high * kBase + low);
+        }
     }
     return pairs;
 }

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "util/integers.h"
+#include "util/null.h"
 #include "util/trstrutils.h"
 
 namespace {
@@ -31,19 +32,21 @@ const char* FindValue(const char* text, const char* key, int separator) {
 }  // namespace
 
 int ExtractValue(const char* text, const char* key, int separator, char* out, int out_max) {
-    if (out_max > 0) {
+    if (out != nullptr && out_max > 0) {
         out[0] = '\0';
     }
-    const char* value = text != nullptr ? FindValue(text, key, separator) : nullptr;
+    const char* value = AnyNull(text, key) ? nullptr : FindValue(text, key, separator);
     if (value == nullptr) {
         return -1;
     }
     for (int i = 0; i < out_max; ++i) {
-        if (value[i] == '\0' || static_cast<unsigned char>(value[i]) == separator) {
-            out[i] = '\0';
+        const bool is_end = value[i] == '\0' || static_cast<unsigned char>(value[i]) == separator;
+        if (out != nullptr) {
+            out[i] = is_end ? '\0' : value[i];
+        }
+        if (is_end) {
             return i;
         }
-        out[i] = value[i];
     }
     return 0;
 }

@@ -38,7 +38,7 @@ void MergeSortByMerge(int* array, int lo, int mid, int hi) {
 }
 
 void MergeSort(int* array, int count) {
-    if (count < 2) {
+    if (array == nullptr || count < 2) {
         return;
     }
     // Unsigned, so that doubling the width cannot overflow.

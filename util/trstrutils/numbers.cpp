@@ -14,6 +14,9 @@ constexpr uint64_t kHalfMask = 0xFFFF;
 }  // namespace
 
 int str2int(const char* text, int default_value) {
+    if (text == nullptr) {
+        return default_value;
+    }
     const bool is_negative = *text == '-';
     if (is_negative) {
         ++text;
@@ -23,7 +26,7 @@ int str2int(const char* text, int default_value) {
     }
     uint32_t value = 0;  // wraps
     for (; *text != '\0'; ++text) {
-        // Also behind zeros, and behind digits whose value wrapped round to 0.
+        // Also after zeros, and after digits whose value wrapped round to 0.
         if (*text == ' ' && value == 0) {
             continue;
         }
@@ -40,6 +43,9 @@ int str2int(const char* text, int default_value) {
 
 int in_chksum(const unsigned short* buffer, int length) {
     uint64_t sum = 0;  // wide enough for any length, so that the carries can wait
+    if (buffer == nullptr) {
+        length = 0;
+    }
     for (; length > 1; length -= 2) {
         sum += *buffer++;
     }

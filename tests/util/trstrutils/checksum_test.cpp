@@ -123,3 +123,9 @@ TEST(in_chksum, AgreesWithFoldingOnLargeBuffers) {
         }
     }
 }
+
+TEST(in_chksum, TakesNullForNoBytes) {
+    for (const int length : {INT_MIN, 0, 1, 2, 100, INT_MAX}) {
+        EXPECT_EQ(in_chksum(nullptr, length), 0xFFFF) << length;
+    }
+}

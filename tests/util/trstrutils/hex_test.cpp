@@ -150,3 +150,13 @@ TEST(str2Hex, IsAByteForAnyCharacters) {
         check(extreme, extreme);
     }
 }
+
+TEST_F(Decode16Test, IsZeroForNull) {
+    EXPECT_EQ(Decode16(nullptr, reinterpret_cast<unsigned char*>(out_.data())), 0);
+    out_.ExpectUntouched();
+}
+
+TEST_F(Decode16Test, ChecksAndCountsWithoutOut) {
+    EXPECT_EQ(Decode16("0aFF1", nullptr), 2);
+    EXPECT_EQ(Decode16("0a0g", nullptr), 0);
+}

@@ -21,7 +21,7 @@ std::string Trimmed(std::string_view text) {
     return buffer.text();
 }
 
-// With the terminator and what is left behind it.
+// With the terminator and what is left after it.
 void ExpectAllBytesAsNaive(const std::string& text) {
     const auto buffer = ExactCopy(text);
     TrimAroundSpace(buffer.get());

@@ -107,3 +107,8 @@ TEST(ExtractValueInt, AgreesWithTheNaiveOneOnRandomTexts) {
             << testing::PrintToString(text);
     });
 }
+
+TEST(ExtractValueInt, IsTheDefaultForNull) {
+    EXPECT_EQ(ExtractValueInt(nullptr, "a", ',', -7), -7);
+    EXPECT_EQ(ExtractValueInt("a=1", nullptr, ',', -7), -7);
+}

@@ -258,3 +258,18 @@ TEST_F(ExtractValueTest, AgreesWithTheNaiveOneOnRandomTexts) {
         ExpectAsNaive(text, key, separator, random.Between(-1, 24));
     });
 }
+
+TEST_F(ExtractValueTest, IsMissingForAKeyOfNull) {
+    EXPECT_EQ(ExtractValue("(null)=1,=2", nullptr, ',', out_.data(), 16), -1);
+    out_.ExpectHolds(Terminated(""));
+    EXPECT_EQ(ExtractValue(nullptr, nullptr, ',', nullptr, 16), -1);
+}
+
+TEST_F(ExtractValueTest, HasTheSameResultWithoutOut) {
+    for (const int out_max : {INT_MIN, 0, 1, 3, 4, 16}) {
+        for (const char* text : {"a=", "a=123", "b=1", "a=1,b=2"}) {
+            EXPECT_EQ(ExtractValue(text, "a", ',', nullptr, out_max), Extract(text, "a", out_max))
+                << text << ", " << out_max;
+        }
+    }
+}

@@ -181,3 +181,9 @@ TEST(MergeSort, LeavesOutExactlyTheMergeWithoutMemory) {
         } while (std::next_permutation(array.begin(), array.end()));
     }
 }
+
+TEST(MergeSort, DoesNothingForNull) {
+    const FakeHeap heap;
+    MergeSort(nullptr, 5);
+    EXPECT_TRUE(heap.requests().empty());
+}

@@ -126,3 +126,8 @@ TEST(str2int, AgreesWithTheNaiveOneOnRandomTexts) {
         ExpectAsNaive(sign + random.Text(is_clean ? "0123456789" : "0000 123456789-+\t\x80", 24));
     });
 }
+
+TEST(str2int, IsTheDefaultForNull) {
+    EXPECT_EQ(str2int(nullptr, -7), -7);
+    EXPECT_EQ(str2int(nullptr, 42), 42);
+}

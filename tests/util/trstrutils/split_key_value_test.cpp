@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <climits>
 #include <string>
 
@@ -215,4 +216,34 @@ TEST(SplitKeyValueByChar, ValueMayBeTheTextItself) {
     EXPECT_EQ(SplitKeyValueByChar(text, key, sizeof key, text, sizeof text, '='), 0);
     EXPECT_STREQ(key, "ab");
     EXPECT_STREQ(text, "cdefgh");
+}
+
+TEST_F(SplitKeyValueByCharTest, WritesNothingForATextOfNull) {
+    EXPECT_EQ(SplitKeyValueByChar(nullptr, key_.data(), 12, value_.data(), 10, '='), 0);
+    key_.ExpectUntouched();
+    value_.ExpectUntouched();
+}
+
+TEST_F(SplitKeyValueByCharTest, SkipsAKeyOfNull) {
+    EXPECT_EQ(SplitKeyValueByChar("key=value", nullptr, 12, value_.data(), 10, '='), 0);
+    value_.ExpectHolds(Terminated("value"));
+}
+
+TEST_F(SplitKeyValueByCharTest, ClearsTheByteThatAKeyOfItsSizeWouldGive) {
+    for (const int key_size : {12, 6, 4, 3, 1}) {
+        value_ = GuardedBuffer(10);
+        EXPECT_EQ(SplitKeyValueByChar("abcde", nullptr, key_size, value_.data(), 10, '='), 0);
+        ExpectOnlyOneZeroInValue(std::min(5, key_size - 1));
+    }
+    value_ = GuardedBuffer(10);
+    SplitKeyValueByChar("abcde", nullptr, 0, value_.data(), 10, '=');
+    value_.ExpectUntouched();
+}
+
+TEST_F(SplitKeyValueByCharTest, SkipsAValueOfNull) {
+    EXPECT_EQ(SplitKeyValueByChar("key=value", key_.data(), 12, nullptr, 10, '='), 0);
+    key_.ExpectHolds(Terminated("key"));
+    EXPECT_EQ(SplitKeyValueByChar("abc", key_.data(), 12, nullptr, 10, '='), 0);
+    key_.ExpectHolds(Terminated("abc"));
+    EXPECT_EQ(SplitKeyValueByChar("abc", nullptr, 12, nullptr, 10, '='), 0);
 }

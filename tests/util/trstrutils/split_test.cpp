@@ -157,3 +157,26 @@ TEST(SplitByChar, RestMayBeTheTextItself) {
     EXPECT_STREQ(first, "ab");
     EXPECT_STREQ(text, "cdefgh");
 }
+
+TEST_F(SplitByCharTest, WritesNothingForATextOfNull) {
+    EXPECT_EQ(SplitByChar(nullptr, first_.data(), rest_.data(), ','), rest_.data());
+    EXPECT_EQ(rest_.at(-1), GuardedBuffer::kFill);
+    first_.ExpectUntouched();
+    rest_.ExpectUntouched();
+    EXPECT_EQ(SplitByChar(nullptr, first_.data(), nullptr, ','), nullptr);
+    first_.ExpectUntouched();
+}
+
+TEST_F(SplitByCharTest, SkipsAFirstOfNull) {
+    EXPECT_EQ(SplitByChar("ab,cd,ef", nullptr, rest_.data(), ','), rest_.data() + 6);
+    rest_.ExpectHolds(Terminated("cd,ef"));
+    rest_ = GuardedBuffer(kSize);
+    EXPECT_EQ(SplitByChar("abc", nullptr, rest_.data(), ','), rest_.data());
+    ExpectOnlyTheByteBeforeRestCleared();
+}
+
+TEST_F(SplitByCharTest, SkipsARestOfNull) {
+    EXPECT_EQ(SplitByChar("ab,cd,ef", first_.data(), nullptr, ','), nullptr);
+    first_.ExpectHolds(Terminated("ab"));
+    EXPECT_EQ(SplitByChar("ab", nullptr, nullptr, ','), nullptr);
+}
