@@ -21,6 +21,9 @@ unsigned char GetLogLevel(void) {
 }
 
 void SetLogLevelByStr(const char* letters) {
+    if (letters == nullptr) {
+        return;
+    }
     for (const LogLevel& level : kLogLevels) {
         if (strchr(letters, level.letter) != nullptr) {
             (void)SetLogLevel(static_cast<unsigned int>(level.bit), 1);  // cannot fail with 1

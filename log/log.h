@@ -5,9 +5,13 @@
  * The mask starts empty: nothing is logged until a level is enabled. Nothing is ever flushed here;
  * the stream's own buffering decides when a line reaches the file or the terminal.
  *
- * Texts are zero-terminated, and no pointer may be NULL. Names that the log keeps are cut to 23
- * characters. There is no lock: enable levels and register threads before several threads log;
- * lines that are written at the same moment may mix.
+ * Texts are zero-terminated. Names that the log keeps are cut to 23 characters.
+ *
+ * NULL never ends the caller. PrintLog leaves the message empty for a format of NULL and writes
+ * "(null)" for a file or function of NULL. The functions that set something then change nothing.
+ *
+ * There is no lock. Enable levels, register threads and set options while no other thread logs.
+ * Lines that are written at the same moment may mix.
  */
 #ifndef LOG_LOG_H
 #define LOG_LOG_H
@@ -40,7 +44,8 @@ enum {
  * without extension, function its function, line its source line. format and what follows are as
  * for printf; the message may have any length.
  *
- * In run mode 1 the name of the calling thread follows the time stamp in brackets of its own.
+ * In run mode 1 the name of the calling thread follows the time stamp in brackets of its own, which
+ * are empty, "[]", for a thread without a name.
  *
  * Good to know:
  *  - A newline is added to every message, also to one that ends in a newline: such a message is
@@ -83,14 +88,14 @@ void SetLogLevelByStr(const char* letters);
 
 /* The names at the head of a line. */
 
-/* Sets the program's name. Returns 0. */
+/* Sets the program's name. Returns 0, also for NULL, which leaves the name as it was. */
 int SetLogProgName(const char* name);
 
 /*
  * Names the calling thread for the lines that it writes in run mode 1.
  *
  * Returns 1 if the thread has a name already, which it keeps; 0 if it got one now or if all five
- * places are taken.
+ * places are taken. NULL takes no place.
  *
  * Good to know: once the five places are taken every thread gets 0, one that holds a place too.
  */
@@ -98,7 +103,7 @@ int RegisterLogThread(const char* name);
 
 /*
  * Sets the option key to *value. The only key is LOG_OPT_RUNMODE, its values are 0 and 1; any
- * other key or value changes nothing.
+ * other key or value, or NULL, changes nothing.
  *
  * Returns 0.
  *

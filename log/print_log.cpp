@@ -50,7 +50,9 @@ void FormatStamp(char (&stamp)[kStampSize]) {
                line);
     }
     errno = caller_errno;
-    vfprintf(stdout, format, values);
+    if (format != nullptr) {
+        vfprintf(stdout, format, values);
+    }
     putchar('\n');
     errno = caller_errno;
 }

@@ -30,7 +30,9 @@ const LogThreadSlot* FindLogThread() {
 }
 
 int SetLogProgName(const char* name) {
-    CopyName(gLogProgName, name);
+    if (name != nullptr) {
+        CopyName(gLogProgName, name);
+    }
     return 0;
 }
 
@@ -42,6 +44,9 @@ int RegisterLogThread(const char* name) {
     if (FindLogThread() != nullptr) {
         return 1;
     }
+    if (name == nullptr) {
+        return 0;
+    }
     LogThreadSlot& slot = gLogThreads[gLogThreadCount];
     slot.id = pthread_self();
     CopyName(slot.name, name);
@@ -50,7 +55,7 @@ int RegisterLogThread(const char* name) {
 }
 
 int SetLogOption(int key, const int* value) {
-    if (key != LOG_OPT_RUNMODE || (*value != 0 && *value != 1)) {
+    if (key != LOG_OPT_RUNMODE || value == nullptr || (*value != 0 && *value != 1)) {
         return 0;
     }
     gRunMode = *value;

@@ -82,3 +82,9 @@ TEST_F(SetLogLevelByStrTest, KeepsBitsThatHaveNoLetter) {
     SetLogLevelByStr("W");
     EXPECT_EQ(GetLogLevel(), 0xF2);
 }
+
+TEST_F(SetLogLevelByStrTest, EnablesNothingForNull) {
+    SetLogLevel(LOG_INFO, 1);
+    SetLogLevelByStr(nullptr);
+    EXPECT_EQ(GetLogLevel(), LOG_INFO);
+}

@@ -94,3 +94,14 @@ TEST_F(SetLogOptionTest, LeavesNoSlotOnceFiveWereUsed) {
         EXPECT_STREQ(slot.name, "");
     }
 }
+
+TEST_F(SetLogOptionTest, ChangesNothingForNull) {
+    RegisterLogThread("kept");
+    gRunMode = 1;
+    for (const int key : {1, 0}) {
+        EXPECT_EQ(SetLogOption(key, nullptr), 0);
+    }
+    EXPECT_EQ(out_.TakeText(), "");
+    EXPECT_EQ(gRunMode, 1);
+    EXPECT_STREQ(gLogThreads[0].name, "kept");
+}

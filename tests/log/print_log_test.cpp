@@ -153,3 +153,32 @@ TEST_F(SetLogProgNameTest, ReplacesTheNameBefore) {
     SetLogProgName("short");
     EXPECT_STREQ(gLogProgName, "short");
 }
+
+TEST_F(PrintLogTest, WritesNoMessageForAFormatOfNull) {
+    const ScopedTimeZone zone("UTC0");
+    const FakeClock clock(0);
+    const char* const none = nullptr;
+    CapturedLog log;
+    PrintLog(LOG_INFO, "f", "g", 1, none);
+    EXPECT_EQ(log.TakeText(), "[:1970-01-01T00:00:00] Info [f g 1]: \n");
+    gLogMask = 0;
+    PrintLog(LOG_INFO, none, none, 1, none);
+    EXPECT_EQ(log.TakeText(), "");
+}
+
+TEST_F(PrintLogTest, ShowsWhichTextsAreNull) {
+    const ScopedTimeZone zone("UTC0");
+    const FakeClock clock(0);
+    const char* const none = nullptr;
+    CapturedLog log;
+    PrintLog(LOG_INFO, none, "g", 1, "m");
+    EXPECT_EQ(log.TakeText(), "[:1970-01-01T00:00:00] Info [(null) g 1]: m\n");
+    PrintLog(LOG_INFO, "f", none, 1, "m");
+    EXPECT_EQ(log.TakeText(), "[:1970-01-01T00:00:00] Info [f (null) 1]: m\n");
+}
+
+TEST_F(SetLogProgNameTest, KeepsTheNameForNull) {
+    SetLogProgName("kept");
+    EXPECT_EQ(SetLogProgName(nullptr), 0);
+    EXPECT_STREQ(gLogProgName, "kept");
+}

@@ -13,7 +13,7 @@ namespace {
 
 std::string TakeStamp(CapturedLog& log) {
     const std::string text = log.TakeText();
-    return text.substr(2, text.find(']') - 2);  // behind "[:", the program has no name
+    return text.substr(2, text.find(']') - 2);  // after "[:", the program has no name
 }
 
 }  // namespace

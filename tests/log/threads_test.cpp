@@ -41,7 +41,7 @@ void SetRunMode(int mode) {
     SetLogOption(LOG_OPT_RUNMODE, &mode);
 }
 
-// The text between the brackets behind the time stamp.
+// The text between the brackets after the time stamp.
 std::string TakeThreadName(CapturedLog& log) {
     static const std::string start = "[:1970-01-01T00:00:00][";
     static const std::string end = "] Info [f g 1]: m\n";
@@ -175,4 +175,14 @@ TEST_F(LogThreads, BehindTheCountAreNotLookedAt) {
     CapturedLog log;
     PrintLog(LOG_INFO, "f", "g", 1, "m");
     EXPECT_EQ(TakeThreadName(log), "");
+}
+
+TEST(RegisterLogThread, TakesNoPlaceForNull) {
+    gLogThreadCount = 0;
+    EXPECT_EQ(RegisterLogThread(nullptr), 0);
+    EXPECT_EQ(gLogThreadCount, 0);
+    EXPECT_EQ(RegisterLogThread("named"), 0);
+    EXPECT_EQ(RegisterLogThread(nullptr), 1);
+    EXPECT_STREQ(gLogThreads[0].name, "named");
+    gLogThreadCount = 0;
 }
