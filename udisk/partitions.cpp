@@ -37,12 +37,17 @@ void CutLastCharacter(char* line) {
     }
 }
 
-// Puts the entry at index count and the end entry behind it. Running out of memory is not handled.
-PartitionEntry* Append(PartitionEntry* list, size_t count, const PartitionEntry& entry) {
-    list = static_cast<PartitionEntry*>(realloc(list, (count + 2) * sizeof *list));
-    list[count] = entry;
+// Puts an entry at index count and the end entry after it. False when there is no memory: the list
+// then ends at index count, as before.
+bool Append(PartitionEntry*& list, size_t count, const char* name, int32_t size_kib) {
+    void* const grown = realloc(list, (count + 2) * sizeof *list);
+    if (grown == nullptr) {
+        return false;
+    }
+    list = static_cast<PartitionEntry*>(grown);
+    list[count] = {strdup(name), size_kib};  // without the copy this is the end entry
     list[count + 1].name = nullptr;
-    return list;
+    return list[count].name != nullptr;
 }
 
 }  // namespace
@@ -62,6 +67,9 @@ PartitionEntry* readPartitionList() {
     SkipHeader(file.Get());
 
     auto* list = static_cast<PartitionEntry*>(malloc(sizeof(PartitionEntry)));
+    if (list == nullptr) {
+        return nullptr;
+    }
     list[0].name = nullptr;
     size_t count = 0;
     char line[kLineSize];
@@ -75,10 +83,13 @@ PartitionEntry* readPartitionList() {
             LOG(LOG_INFO, "invalid line in /proc/partitions: '%s'\n", line);
             break;
         }
-        if (IsUsbDiskName(name) && size_kib > 0) {
-            list = Append(list, count, {strdup(name), size_kib});
-            ++count;
+        if (!IsUsbDiskName(name) || size_kib <= 0) {
+            continue;
         }
+        if (!Append(list, count, name, size_kib)) {
+            break;  // what was collected is still worth an attempt
+        }
+        ++count;
     }
     return list;
 }

@@ -14,7 +14,8 @@ extern "C" {
 // Reads /proc/partitions. The list is one heap block, for the caller to free; its names are left
 // to the end of the process, which is near.
 //
-// Returns nullptr when the file cannot be opened. A line that does not scan ends the reading; the
+// Returns nullptr when the file cannot be opened, or without memory for the first block. A line
+// that does not scan ends the reading, and so does a lack of memory, which is not logged; the
 // candidates before it are kept.
 PartitionEntry* readPartitionList();
 }

@@ -61,8 +61,8 @@ bool MountDevice(const char* device) {
 
 extern "C" {
 
-// The name shows in log lines. True when one candidate of the list, which may be nullptr, was
-// mounted.
+// Mounts the first candidate that the kernel accepts. False when there is none, or no list. Log
+// lines carry the function's name.
 static bool DoLoopMount(const PartitionEntry* list) {
     if (list == nullptr) {
         return false;

@@ -2,6 +2,7 @@
 #ifndef TESTS_UDISK_FAKE_TERMINAL_H
 #define TESTS_UDISK_FAKE_TERMINAL_H
 
+#include <climits>
 #include <map>
 #include <optional>
 #include <set>
@@ -30,6 +31,9 @@ public:
     std::map<std::string, int> mount_results;                     // by device; the others give -1
     int umount_result = 0;
     bool has_stream_buffer = true;  // else malloc(16384) fails
+    bool has_list = true;           // else any other malloc fails
+    int growths = INT_MAX;          // calls of realloc that do not fail
+    int copies = INT_MAX;           // calls of strdup that do not fail
 
     // The header of /proc/partitions and these lines.
     void SetPartitions(const std::string& lines);

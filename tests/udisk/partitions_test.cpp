@@ -222,3 +222,35 @@ TEST_F(ReadPartitionList, KeepsACopyOfEachNameAndNothingElse) {
     free(readPartitionList());
     EXPECT_EQ(terminal_.TextsOnHeap(), (Texts{"sda", "sda1"}));
 }
+
+TEST_F(ReadPartitionList, IsNoneWithoutMemoryForAnEmptyList) {
+    terminal_.SetPartitions("8 0 10 sda\n");
+    terminal_.has_list = false;
+    EXPECT_EQ(ReadPartitions(), (Texts{"no list"}));
+    EXPECT_EQ(terminal_.calls, kNoLog);
+    EXPECT_EQ(terminal_.open_streams, 0);
+    EXPECT_EQ(terminal_.TextsOnHeap(), Texts{});
+}
+
+TEST_F(ReadPartitionList, KeepsWhatItHasWhenItCannotGrow) {
+    const Texts all = {"sda 10", "sda1 11", "sdb 12"};
+    for (const int growths : {0, 1, 2, 3}) {
+        terminal_.SetPartitions("8 0 10 sda\n8 1 11 sda1\n8 2 12 sdb\nx\n");
+        terminal_.growths = growths;
+        terminal_.calls.clear();
+        EXPECT_EQ(ReadPartitions(), Texts(all.begin(), all.begin() + growths));
+        EXPECT_EQ(terminal_.calls, growths < 3 ? kNoLog : InvalidLine("x"));  // reads no further
+        EXPECT_EQ(terminal_.open_streams, 0);
+    }
+}
+
+TEST_F(ReadPartitionList, EndsBeforeANameThatCannotBeCopied) {
+    const Texts all = {"sda 10", "sda1 11", "sdb 12"};
+    for (const int copies : {0, 1, 2, 3}) {
+        terminal_.SetPartitions("8 0 10 sda\n8 1 11 sda1\n8 2 12 sdb\nx\n");
+        terminal_.copies = copies;
+        terminal_.calls.clear();
+        EXPECT_EQ(ReadPartitions(), Texts(all.begin(), all.begin() + copies));
+        EXPECT_EQ(terminal_.calls, copies < 3 ? kNoLog : InvalidLine("x"));
+    }
+}

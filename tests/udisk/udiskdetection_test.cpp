@@ -193,3 +193,26 @@ TEST_F(DoMountUdiskTest, ReleasesFirstWhatItMountedBefore) {
     const Texts once = CallsBeforeMounting() + GoodAttempt("/dev/sda", "1");
     EXPECT_EQ(terminal_.calls, once + once);
 }
+
+TEST_F(DoMountUdiskTest, TriesWhatFitsIntoMemory) {
+    terminal_.SetPartitions("8 0 1024 sda\n8 1 1023 sda1\n");
+    terminal_.growths = 1;
+    EXPECT_EQ(DoMountUdisk(), 1);
+    EXPECT_EQ(terminal_.calls, CallsBeforeMounting() + FailedAttempt("/dev/sda") + kMountedFailed);
+    EXPECT_EQ(terminal_.open_streams, 0);
+}
+
+TEST_F(DoMountUdiskTest, TriesNothingWithoutMemory) {
+    terminal_.SetPartitions("8 0 1024 sda\n");
+    terminal_.has_list = false;
+    EXPECT_EQ(DoMountUdisk(), 1);
+    EXPECT_EQ(terminal_.calls, CallsBeforeMounting() + kMountedFailed);
+}
+
+TEST_F(DoMountUdiskTest, MountsACandidateOfAnyBusOnceADeviceCounts) {
+    terminal_.SetPartitions("8 0 1024 sda\n");
+    terminal_.mount_results = {{"/dev/sda", 0}};
+    terminal_.has_usb_storage = false;
+    terminal_.bus_entries = 4;  // a keyboard on bus 1
+    EXPECT_EQ(DoMountUdisk(), 0);
+}

@@ -207,15 +207,16 @@ void* __wrap_malloc(size_t size) {
     if (fake == nullptr) {
         return __real_malloc(size);
     }
-    if (size != kStreamBufferSize) {
-        return fake->Own(__real_malloc(size));
-    }
-    if (!fake->has_stream_buffer) {
+    const bool is_stream_buffer = size == kStreamBufferSize;
+    if (!(is_stream_buffer ? fake->has_stream_buffer : fake->has_list)) {
         errno = ENOMEM;
         return nullptr;
     }
-    fake->stream_buffer = fake->Own(__real_malloc(size));
-    return fake->stream_buffer;
+    void* const block = fake->Own(__real_malloc(size));
+    if (is_stream_buffer) {
+        fake->stream_buffer = block;
+    }
+    return block;
 }
 
 void* __real_realloc(void* block, size_t size);
@@ -224,14 +225,25 @@ void* __wrap_realloc(void* block, size_t size) {
     if (fake == nullptr) {
         return __real_realloc(block, size);
     }
+    if (fake->growths-- <= 0) {
+        errno = ENOMEM;
+        return nullptr;
+    }
     fake->Disown(block);
     return fake->Own(__real_realloc(block, size));
 }
 
 char* __real_strdup(const char* text);
 char* __wrap_strdup(const char* text) {
-    char* copy = __real_strdup(text);
-    return terminal() != nullptr ? static_cast<char*>(terminal()->Own(copy)) : copy;
+    FakeTerminal* fake = terminal();
+    if (fake == nullptr) {
+        return __real_strdup(text);
+    }
+    if (fake->copies-- <= 0) {
+        errno = ENOMEM;
+        return nullptr;
+    }
+    return static_cast<char*>(fake->Own(__real_strdup(text)));
 }
 
 void __real_free(void* block);
