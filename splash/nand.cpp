@@ -19,11 +19,11 @@ constexpr unsigned long kEraseBlock = 15;
 constexpr uint32_t kBlock = 8;
 constexpr uint32_t kPagesPerBlock = 64;
 constexpr uint32_t kFirstPage = kBlock * kPagesPerBlock;
-constexpr uint32_t kPageCount = kPagesPerBlock + 1;  // one page of the next block goes along
+constexpr uint32_t kPageCount = kPagesPerBlock + 1;  // the last one belongs to the next block
 constexpr int kNumberOffset = 4;                     // in the first page
 constexpr uint8_t kErasedByte = 0xFF;
 
-// In the message without a device: neither a function's name nor a line of this file.
+// In the message that the pins' device is not open. Fixed texts: no function here has this name.
 constexpr char kShownFunction[] = "Nand_Block_isBad";
 constexpr int kShownLine = 390;
 
@@ -31,7 +31,7 @@ using Page = uint8_t[kPageSize];
 
 GpioNandArg gNandArg;  // shared by all requests
 
-// False when the page could not be read; page is then left as it was.
+// False when the page could not be read; nothing is then written to page.
 bool ReadPage(uint32_t number, Page& page) {
     if (gNandFd < 0) {
         PrintInvalidOperation();
@@ -58,7 +58,7 @@ void WritePage(uint32_t number, const Page& page) {
     }
     gNandArg.first = number;
     memcpy(gNandArg.data, page, sizeof page);
-    (void)ioctl(gNandFd, kWritePage, &gNandArg);  // the block is erased: there is no way back
+    (void)ioctl(gNandFd, kWritePage, &gNandArg);  // after the erase all pages must be tried
 }
 
 // Little-endian, on every machine.
@@ -71,6 +71,9 @@ void StoreNumber(Page& page, uint32_t number) {
 }  // namespace
 
 int NandSetRote(const char* text) {
+    if (text == nullptr) {
+        return 0;
+    }
     const auto number = static_cast<uint32_t>(strtoul(text, nullptr, 0));
     printf("Rote=%s, %d\n", text, static_cast<int>(number));
     if (gGpioFd < 0) {
@@ -79,7 +82,7 @@ int NandSetRote(const char* text) {
     Page pages[kPageCount];
     memset(pages, kErasedByte, sizeof pages);
     for (uint32_t i = 0; i < kPageCount; ++i) {
-        (void)ReadPage(kFirstPage + i, pages[i]);  // without it the page goes back erased
+        (void)ReadPage(kFirstPage + i, pages[i]);  // a page that cannot be read stays 0xFF
     }
     if (gNandFd < 0) {
         PrintInvalidOperation();

@@ -278,3 +278,9 @@ TEST(NandSetRote, WorksOnDescriptorZero) {
     EXPECT_EQ(board.calls, WholeRun(0));
     EXPECT_EQ(output.Take(), "Rote=16, 16\nwrite 65 pages to nand\n");
 }
+
+TEST_F(NandSetRoteTest, DoesNothingForNull) {
+    EXPECT_EQ(NandSetRote(nullptr), 0);
+    EXPECT_EQ(board_.calls, Calls{});
+    EXPECT_EQ(output_.Take(), "");
+}
