@@ -18,7 +18,7 @@ constexpr char kOutputFile[] = "/mnt/ramdisk/output.txt";
 #define EXPORT_FOLDER UDISK_MOUNT_POINT "/tesmar_debug"
 constexpr char kExportFolder[] = EXPORT_FOLDER;
 constexpr char kMakeExportFolder[] = "mkdir " EXPORT_FOLDER " -p";
-constexpr char kUnknownSerial[] = "no-serial-number";  // an unnamed file would be a hidden one
+constexpr char kUnknownSerial[] = "no-serial-number";  // ".log" alone would be a hidden file
 constexpr int kSerialSize = 24;
 constexpr int kCommandSize = 128;
 
@@ -67,7 +67,7 @@ unsigned int Now() {
 }  // namespace
 
 int main(int argc, char* argv[]) {
-    (void)freopen(kOutputFile, "w", stdout);  // without the file the output is lost, no more
+    (void)freopen(kOutputFile, "w", stdout);  // a failure loses the output, nothing else
     if (!ReadOptions(argc, argv)) {
         return 0;
     }
