@@ -3,11 +3,13 @@
 #include <cerrno>
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "log/log.h"
 #include "tests/log/fake_localtime.h"
 #include "tests/log/fresh_log.h"
 #include "tests/log/replaced_stdout.h"
+#include "tests/support/log_lines.h"
 
 class LogErrno : public FreshLog {
 protected:
@@ -20,8 +22,8 @@ protected:
     std::string MessageWithErrno(const char* format, int number) {
         errno = number;
         PrintLog(LOG_INFO, "f", "g", 1, format, 0);
-        const std::string text = out_.TakeText();
-        return text.substr(text.find("]: ") + 3);
+        const std::vector<LogLine> lines = ParseLog(out_.TakeText());
+        return lines.size() == 1 ? lines[0].message : "not one line";
     }
 
     FakeLocaltime localtime_;
@@ -30,7 +32,7 @@ protected:
 
 TEST_F(LogErrno, ShowsTheCallersByPercentM) {
     for (const int number : {0, EPERM, ENOSPC, EIO}) {
-        EXPECT_EQ(MessageWithErrno("%m", number), std::string(strerror(number)) + "\n");
+        EXPECT_EQ(MessageWithErrno("%m", number), strerror(number));
     }
 }
 
@@ -45,14 +47,13 @@ TEST_F(LogErrno, IsTheSameInTwoLinesInARow) {
     errno = EROFS;
     PrintLog(LOG_INFO, "f", "g", 1, "%m");
     PrintLog(LOG_INFO, "f", "g", 2, "%m");
-    const std::string text = out_.TakeText();
-    EXPECT_NE(text.find("[f g 1]: Read-only file system\n"), std::string::npos) << text;
-    EXPECT_NE(text.find("[f g 2]: Read-only file system\n"), std::string::npos) << text;
+    const LogLine line = {"Info", "f", "g", "Read-only file system"};
+    EXPECT_EQ(ParseLog(out_.TakeText()), (std::vector<LogLine>{line, line}));
 }
 
 TEST_F(LogErrno, SurvivesAStreamThatFails) {
     out_.FailWith(EIO);  // every write sets errno, the head's too
-    EXPECT_EQ(MessageWithErrno("%m", ENOSPC), "No space left on device\n");
+    EXPECT_EQ(MessageWithErrno("%m", ENOSPC), "No space left on device");
     EXPECT_EQ(errno, ENOSPC);
 }
 
@@ -66,6 +67,6 @@ TEST_F(LogErrno, IsUntouchedByALineThatIsOff) {
 
 TEST_F(LogErrno, IsTheCallersAfterAThreadNameToo) {
     gRunMode = 1;
-    EXPECT_EQ(MessageWithErrno("%m", EBUSY), "Device or resource busy\n");
+    EXPECT_EQ(MessageWithErrno("%m", EBUSY), "Device or resource busy");
     EXPECT_EQ(errno, EBUSY);
 }

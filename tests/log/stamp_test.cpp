@@ -1,6 +1,7 @@
 // The time stamp of a log line.
 
 #include <string>
+#include <vector>
 
 #include "log/log.h"
 #include "tests/log/fake_localtime.h"
@@ -12,8 +13,8 @@
 namespace {
 
 std::string TakeStamp(CapturedLog& log) {
-    const std::string text = log.TakeText();
-    return text.substr(2, text.find(']') - 2);  // after "[:", the program has no name
+    const std::vector<LogHead> heads = log.TakeHeads();
+    return heads.size() == 1 ? heads[0].stamp : "not one line";
 }
 
 }  // namespace

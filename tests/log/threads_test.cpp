@@ -41,15 +41,9 @@ void SetRunMode(int mode) {
     SetLogOption(LOG_OPT_RUNMODE, &mode);
 }
 
-// The text between the brackets after the time stamp.
 std::string TakeThreadName(CapturedLog& log) {
-    static const std::string start = "[:1970-01-01T00:00:00][";
-    static const std::string end = "] Info [f g 1]: m\n";
-    const std::string text = log.TakeText();
-    if (!text.starts_with(start) || !text.ends_with(end)) {
-        return "no thread name in: " + text;
-    }
-    return text.substr(start.size(), text.size() - start.size() - end.size());
+    const std::vector<LogHead> heads = log.TakeHeads();
+    return heads.size() == 1 ? heads[0].thread.value_or("no thread name") : "not one line";
 }
 
 }  // namespace

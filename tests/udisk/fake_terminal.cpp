@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 
-FakeTerminal::FakeTerminal() {
+FakeTerminal::FakeTerminal() : log_([this](const std::string& line) { Record(line); }) {
     SetPartitions("");
     active_ = this;
 }

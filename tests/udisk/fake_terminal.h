@@ -9,10 +9,12 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/recorded_log.h"
+
 // While it lives, the platform calls and the log of udisk are answered from here and recorded, in
 // their order, as lines of text: "mount /dev/sda /mnt/removable vfat 8 none", and a log line as
-// "Info udiskdetection DoUmount: umounted ..." (with line ends written as \n). What is released
-// (streams, folders, heap blocks) is counted apart.
+// "Info udiskdetection DoUmount: umounted ...". What is released (streams, folders, heap blocks) is
+// counted apart.
 class FakeTerminal {
 public:
     FakeTerminal();
@@ -52,6 +54,7 @@ public:
     void* stream_buffer = nullptr;
 
 private:
+    const RecordedLog log_;
     inline static FakeTerminal* active_ = nullptr;
     std::set<void*> blocks_;
 };

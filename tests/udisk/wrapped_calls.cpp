@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -28,29 +27,6 @@ string OrNone(const void* text) {
     return text != nullptr ? static_cast<const char*>(text) : "none";
 }
 
-const char* LevelName(int level) {
-    switch (level) {
-        case 1:
-            return "Error";
-        case 2:
-            return "Warning";
-        case 4:
-            return "Info";
-        case 8:
-            return "Debug";
-        default:
-            return "Unknown";
-    }
-}
-
-string OnOneLine(const string& text) {
-    string line;
-    for (const char c : text) {
-        line += c == '\n' ? "\\n" : string(1, c);
-    }
-    return line;
-}
-
 int Fail(int number) {
     errno = number;
     return -1;
@@ -59,19 +35,6 @@ int Fail(int number) {
 }  // namespace
 
 extern "C" {
-
-// The log.
-
-void __wrap_PrintLog(int level, const char* file, const char* function, int, const char* format,
-                     ...) {
-    char message[4096];
-    va_list values;
-    va_start(values, format);
-    vsnprintf(message, sizeof message, format, values);
-    va_end(values);
-    terminal()->Record(string(LevelName(level)) + " " + file + " " + function + ": " +
-                       OnOneLine(message));
-}
 
 // Streams and folders.
 

@@ -6,10 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdarg>
 #include <string>
-
-#include "log/log.h"
 
 namespace {
 
@@ -29,30 +26,9 @@ void Record(const char* call, const string& name, const string& rest = "") {
     FakeFiles::active()->Record(string(call) + " " + name + rest);
 }
 
-string LevelName(int level) {
-    return level == LOG_WARNING ? "Warning" : level == LOG_DEBUG ? "Debug" : std::to_string(level);
-}
-
 }  // namespace
 
 extern "C" {
-
-void __real_PrintLog(int level, const char* file, const char* function, int line,
-                     const char* format, ...);
-void __wrap_PrintLog(int level, const char* file, const char* function, int line,
-                     const char* format, ...) {
-    const int kept_errno = errno;
-    char message[1024];
-    va_list values;
-    va_start(values, format);
-    vsnprintf(message, sizeof message, format, values);
-    va_end(values);
-    if (FakeFiles* files = FakeFiles::active()) {
-        files->Record(LevelName(level) + " " + function + ": " + message);
-    }
-    __real_PrintLog(level, file, function, line, "%s", message);
-    errno = kept_errno;
-}
 
 FILE* __real_fopen(const char* path, const char* mode);
 FILE* __wrap_fopen(const char* path, const char* mode) {

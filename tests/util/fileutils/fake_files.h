@@ -12,11 +12,13 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/recorded_log.h"
+
 // While it lives, calls on streams that are opened meanwhile are recorded, as "fwrite dest 5", and
-// log lines, as "Warning FileCopy: file size error". A stream is named after its file.
+// log lines, as "Warning fileutils FileCopy: file size error". A stream is named after its file.
 class FakeFiles {
 public:
-    FakeFiles() { active_ = this; }
+    FakeFiles() : log_([this](const std::string& line) { Record(line); }) { active_ = this; }
     ~FakeFiles() { active_ = nullptr; }
     FakeFiles(const FakeFiles&) = delete;
     FakeFiles& operator=(const FakeFiles&) = delete;
@@ -44,6 +46,7 @@ public:
     int writes = 0;
 
 private:
+    const RecordedLog log_;
     inline static FakeFiles* active_ = nullptr;
 };
 

@@ -40,8 +40,8 @@ TEST_F(FileCopyLog, StepsStandInTheirOrder) {
     EXPECT_EQ(files.calls,
               (Texts{"fopen src r", "fopen dest ab", "fseek dest 0 from the end", "fread src 16384",
                      "fwrite dest 5", "fread src 16384", "fflush dest", "ftell src", "ftell dest",
-                     "Debug FileCopy: src file size:5 dst file size:5", "fsync address of dest",
-                     "fclose", "fclose"}));
+                     "Debug fileutils FileCopy: src file size:5 dst file size:5",
+                     "fsync address of dest", "fclose", "fclose"}));
     EXPECT_EQ(files.closed, (Texts{"dest", "src"}));
 }
 
@@ -50,12 +50,12 @@ TEST_F(FileCopyLog, SyncComesAfterTheComplaintAboutSizes) {
     Write("dest", "123");
     FakeFiles files;
     EXPECT_EQ(Copy("dest", "src"), 1);
-    EXPECT_EQ(
-        files.calls,
-        (Texts{"fopen src r", "fopen dest ab", "fseek dest 0 from the end", "fread src 16384",
-               "fwrite dest 5", "fread src 16384", "fflush dest", "ftell src", "ftell dest",
-               "Debug FileCopy: src file size:5 dst file size:8",
-               "Warning FileCopy: file size error", "fsync address of dest", "fclose", "fclose"}));
+    EXPECT_EQ(files.calls,
+              (Texts{"fopen src r", "fopen dest ab", "fseek dest 0 from the end", "fread src 16384",
+                     "fwrite dest 5", "fread src 16384", "fflush dest", "ftell src", "ftell dest",
+                     "Debug fileutils FileCopy: src file size:5 dst file size:8",
+                     "Warning fileutils FileCopy: file size error", "fsync address of dest",
+                     "fclose", "fclose"}));
 }
 
 TEST_F(FileCopyLog, ShortWriteEndsWithASyncAndNoSizes) {
@@ -65,7 +65,7 @@ TEST_F(FileCopyLog, ShortWriteEndsWithASyncAndNoSizes) {
     EXPECT_EQ(Copy("dest", "src"), -1);
     EXPECT_EQ(files.calls,
               (Texts{"fopen src r", "fopen dest ab", "fseek dest 0 from the end", "fread src 16384",
-                     "fwrite dest 5", "Warning FileCopy: Write picture data error!",
+                     "fwrite dest 5", "Warning fileutils FileCopy: Write picture data error!",
                      "fsync address of dest", "fclose", "fclose"}));
     EXPECT_EQ(files.closed, (Texts{"dest", "src"}));
 }

@@ -5,7 +5,6 @@
 
 #include <cerrno>
 #include <climits>
-#include <cstdarg>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -13,6 +12,7 @@
 
 #include "tests/support/captured_stream.h"
 #include "tests/support/open_descriptors.h"
+#include "tests/support/recorded_log.h"
 #include "tests/support/time_zone.h"
 #include "tests/util/timeutils/date_records.h"
 #include "util/timeutils.h"
@@ -23,7 +23,7 @@ using Calls = std::vector<std::string>;
 
 // While it lives, the steps of SyncSysTime are recorded.
 struct FakeSystem {
-    FakeSystem() { active = this; }
+    FakeSystem() : log([this](const std::string& line) { Record(line); }) { active = this; }
     ~FakeSystem() { active = nullptr; }
     FakeSystem(const FakeSystem&) = delete;
     FakeSystem& operator=(const FakeSystem&) = delete;
@@ -43,11 +43,12 @@ struct FakeSystem {
         calls.push_back(is_watching ? std::to_string(watched->tm_min) + " " + call : call);
     }
 
+    const RecordedLog log;
     inline static FakeSystem* active = nullptr;
 };
 
 std::string LogCall(const char* message) {
-    return std::string("log 8 timeutils SyncSysTime ") + message;
+    return std::string("Debug timeutils SyncSysTime: ") + message;
 }
 
 // All the steps, with what is done between the two commands.
@@ -76,17 +77,6 @@ std::string SetCallFor(TTime rec) {
 }  // namespace
 
 extern "C" {
-
-void __wrap_PrintLog(int level, const char* file, const char* function, int, const char* format,
-                     ...) {
-    char message[256];
-    va_list values;
-    va_start(values, format);
-    vsnprintf(message, sizeof message, format, values);
-    va_end(values);
-    FakeSystem::active->Record("log " + std::to_string(level) + " " + file + " " + function + " " +
-                               message);
-}
 
 int __real_systemEx(const char* command);
 int __wrap_systemEx(const char* command) {
