@@ -1,17 +1,18 @@
 """What the linked executable exports, needs and allows.
 
-Called with the executable, its exports list, the target's nm and readelf, and the objects of the
-library.
+Called with the executable, its exports list, the target's nm and readelf, cmake and the build
+folder for an installation, and the objects of the library.
 """
 
 import re
 import subprocess
 import sys
+import tempfile
 import unittest
 
 from tests.support import exports_list
 
-executable, list_path, nm, readelf, *objects = sys.argv[1:]
+executable, list_path, nm, readelf, cmake, build_folder, *objects = sys.argv[1:]
 
 
 def output_of(*command):
@@ -19,9 +20,9 @@ def output_of(*command):
     return run.stdout
 
 
-def dynamic_symbols(which):
+def dynamic_symbols(which, file=executable):
     """(name, type) of the dynamic symbols; a version after @ is left out."""
-    lines = output_of(nm, "-D", which, executable).splitlines()
+    lines = output_of(nm, "-D", which, file).splitlines()
     return [(line.split()[-1].split("@")[0], line.split()[-2]) for line in lines]
 
 
@@ -62,6 +63,25 @@ class Needs(unittest.TestCase):
         undefined = [name for name, _ in dynamic_symbols("--undefined-only")]
         self.assertIn("InitOption", undefined)
         self.assertIn("LoadOptionStr", undefined)
+
+
+def run_paths(file):
+    return re.findall(r"\((?:RPATH|RUNPATH)\).*\[(.*)\]", output_of(readelf, "-d", "-W", file))
+
+
+class RunPath(unittest.TestCase):
+    """An empty entry, also one in front or at the end, would be the current folder."""
+
+    def test_in_the_build_folder_is_the_one_beside_the_executable(self):
+        self.assertEqual(run_paths(executable), ["$ORIGIN/../lib"])
+
+    def test_is_taken_off_when_installed(self):
+        with tempfile.TemporaryDirectory() as prefix:
+            output_of(cmake, "--install", build_folder, "--prefix", prefix)
+            installed = f"{prefix}/bin/orvatool"
+            self.assertEqual(run_paths(installed), [])
+            for which in ("--defined-only", "--undefined-only"):
+                self.assertEqual(dynamic_symbols(which, installed), dynamic_symbols(which))
 
 
 class Hardening(unittest.TestCase):
