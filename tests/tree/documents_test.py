@@ -60,7 +60,7 @@ class Manual(unittest.TestCase):
     longMessage = False
 
     def test_names_the_file_of_a_terminal_without_serial_number(self):
-        name, = re.findall(r'kUnknownSerial\[\] = "(.*)"', read("tool/main.cpp"))
+        name, = re.findall(r'kUnknownSerial\[\] = "([^"]*)"', read("tool/main.cpp"))
         for document in ("docs/orvatool.8", "CHANGELOG.md"):
             self.assertIn(name + ".log", read(document),
                           f"{document} does not name the file {name}.log")
