@@ -172,7 +172,7 @@ TEST_F(ReadPartitionList, BreaksALineAfter255Characters) {
     EXPECT_EQ(terminal_.calls, InvalidLine("tail"));
 }
 
-TEST_F(ReadPartitionList, TakesTheNewlineBehind255CharactersForALine) {
+TEST_F(ReadPartitionList, TakesTheNewlineAfter255CharactersForALine) {
     const std::string start = LineOfLength(255);
     terminal_.SetPartitions(start + "\n8 0 11 sdb\n");
     EXPECT_EQ(ReadPartitions(), (Texts{start.substr(7) + " 10"}));

@@ -69,7 +69,7 @@ TEST_F(ExtractValueTest, IsZeroForAnEmptyValue) {
     out_.ExpectHolds(Terminated(""));
 }
 
-TEST_F(ExtractValueTest, MatchesAKeyOnlyAtTheStartOrBehindASeparator) {
+TEST_F(ExtractValueTest, MatchesAKeyOnlyAtTheStartOrAfterASeparator) {
     ExpectMissing("ba=1", "a");
     ExpectMissing("x=1,ba=1", "a");
     ExpectMissing("x=1;a=1", "a");
@@ -77,7 +77,7 @@ TEST_F(ExtractValueTest, MatchesAKeyOnlyAtTheStartOrBehindASeparator) {
     out_.ExpectHolds(Terminated("22"));
 }
 
-TEST_F(ExtractValueTest, MatchesAnEmptyItemsKeyBehindALeadingSeparator) {
+TEST_F(ExtractValueTest, MatchesAnEmptyItemsKeyAfterALeadingSeparator) {
     EXPECT_EQ(Extract(",a=5", "a"), 1);
     out_.ExpectHolds(Terminated("5"));
 }

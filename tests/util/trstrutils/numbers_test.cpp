@@ -69,7 +69,7 @@ TEST(str2int, IsZeroForSpacesOnly) {
     EXPECT_EQ(Read("0 "), 0);
 }
 
-TEST(str2int, EndsAtASpaceBehindTheNumber) {
+TEST(str2int, EndsAtASpaceAfterTheNumber) {
     EXPECT_EQ(Read("12 34"), 12);
     EXPECT_EQ(Read("-12 34"), -12);
     EXPECT_EQ(Read("12 "), 12);
@@ -109,7 +109,7 @@ TEST(str2int, WrapsBeyondThirtyTwoBits) {
     EXPECT_EQ(Read("99999999999999999999"), 1661992959);  // 10^20 - 1, modulo 2^32
 }
 
-TEST(str2int, SkipsASpaceBehindAValueThatWrappedToZero) {
+TEST(str2int, SkipsASpaceAfterAValueThatWrappedToZero) {
     EXPECT_EQ(Read("4294967296 12"), 12);
     EXPECT_EQ(Read("-4294967296 12"), -12);
     EXPECT_EQ(Read("4294967296 x"), kDefault);

@@ -90,7 +90,7 @@ TEST(PersianYears, EarlyLeapDaysFallOnTheNextNewYear) {
     }
 }
 
-TEST(PersianYears, TheDayBehindTheLastIsTheNextNewYear) {
+TEST(PersianYears, TheDayAfterTheLastIsTheNextNewYear) {
     for (int year = 474; year <= kLastYear; ++year) {
         const int last_day = GetPersianMonthDay(year, 12);
         ASSERT_EQ(ThroughGregorian(1, {year, 12, last_day + 1}), (Date{year + 1, 1, 1}));

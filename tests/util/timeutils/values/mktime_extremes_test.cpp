@@ -79,7 +79,7 @@ TEST(mktime_1, AgreesWithTheNaiveOneAcrossTheWrapOfTheYear) {
     }
 }
 
-TEST(mktime_1, AgreesWithTheNaiveOneBehindTheWrapOfTmYear) {
+TEST(mktime_1, AgreesWithTheNaiveOneAfterTheWrapOfTmYear) {
     // tm_year wraps 1900 years before 1900 + tm_year does; the leap years do not notice.
     for (const int days : {-kCycleDays, -366, -1, 0, 1, 366, 36525, kCycleDays, 6 * kCycleDays}) {
         for (const int offset : {0, 1, 3, 4, 100, 399, 400, 1899, 1900}) {

@@ -174,7 +174,7 @@ TEST(EncodeTime, SetsWeekdayAndDayOfYearAlsoBeyondTheLastSecond) {
     EXPECT_EQ(rec.tm_yday, 364);
 }
 
-TEST(EncodeTime, RefusesWhatOnlyLooksSmallBehindTheWrap) {
+TEST(EncodeTime, RefusesWhatOnlyLooksSmallAfterTheWrap) {
     // 2106-02-07 06:28:16 comes 2^32 seconds after 1970. After it day counts grow, wrap, and come
     // back to what 1981 has: some 4,000 days, after 1, 100 and 182 rounds.
     for (const Date& date :

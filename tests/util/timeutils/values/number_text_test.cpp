@@ -75,7 +75,7 @@ TEST(ConvertStrToInt, WrapsAt32Bits) {
 }
 
 // A value that wrapped round to 0 is like one that still is 0.
-TEST(ConvertStrToInt, SkipsBlanksBehindAValueThatWrappedTo0) {
+TEST(ConvertStrToInt, SkipsBlanksAfterAValueThatWrappedTo0) {
     EXPECT_EQ(Number("4294967296 5"), 5);
     EXPECT_EQ(Number("-4294967296 5"), -5);
     EXPECT_EQ(Number("4294967296 x"), kDefault);
