@@ -123,7 +123,7 @@ int GetMac(void* buf, int size, int form) {
     if (form == kFormText) {
         snprintf(static_cast<char*>(buf), BufferSize(size), "%.2x:%.2x:%.2x:%.2x:%.2x:%.2x", mac[0],
                  mac[1], mac[2], mac[3], mac[4], mac[5]);
-    } else {
+    } else if (buf != nullptr) {
         memcpy(buf, mac, std::min(BufferSize(size), sizeof mac));
     }
     return 1;
