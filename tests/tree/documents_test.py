@@ -15,6 +15,14 @@ root = pathlib.Path(sys.argv[1])
 LAYOUT_ROW = re.compile(r"^ +\{(\d), (\d), (\d), '(.)'\}, +// (\d)  (\S+)$", re.MULTILINE)
 LAYOUT_IN_HEADER = re.compile(r"(?<= )(\d) ([YMD]{2,4}.[YMD]{2}.[YMD]{2,4})\b")
 
+VISIBLE = re.compile(r"^#pragma GCC visibility push\(default\)$(.*?)^#pragma GCC visibility pop$",
+                     re.MULTILINE | re.DOTALL)
+# What is no declaration of a name: comments, directives, the bodies of records and lists.
+NO_DECLARATION = re.compile(r'/\*.*?\*/|^#.*?$|^extern "C" \{$|\{[^{}]*\}',
+                            re.MULTILINE | re.DOTALL)
+FUNCTION = re.compile(r"^[\w\s*]*?(\w+)\s*\(")
+DATA_OBJECT = re.compile(r"^\s*extern\b[\w\s*]*?(\w+)\s*(?:\[|$)")
+
 exports = exports_list.sections(root / "tool/exports.list")
 
 
@@ -22,7 +30,16 @@ def read(name):
     return (root / name).read_text(encoding="utf-8")
 
 
+def declared(text):
+    """The functions and data objects that a piece of a header declares, in their order."""
+    statements = NO_DECLARATION.sub("", text).split(";")
+    heads = [FUNCTION.match(each) or DATA_OBJECT.match(each) for each in statements]
+    return [head.group(1) for head in heads if head]
+
+
 class Headers(unittest.TestCase):
+    """A name that other programs find is declared, described, visible and listed."""
+
     longMessage = False
 
     def test_each_export_is_declared_with_a_comment_in_the_header_that_the_list_names(self):
@@ -35,6 +52,31 @@ class Headers(unittest.TestCase):
                                      f"{name}: declare it in {header} with its comment directly"
                                      f" above, or move it below its own header in"
                                      f" tool/exports.list")
+
+    def test_each_export_is_declared_where_it_is_visible(self):
+        for header, names in exports.items():
+            outside = declared(VISIBLE.sub("", read(header)))
+            for name in names:
+                with self.subTest(name=name):
+                    self.assertNotIn(name, outside,
+                                     f"{name}: declare it in {header} before #pragma GCC"
+                                     f" visibility pop")
+
+    def test_each_visible_name_is_listed(self):
+        for header, names in exports.items():
+            visible = declared("".join(VISIBLE.findall(read(header))))
+            self.assertTrue(visible, f"{header} declares nothing that is visible")
+            for name in visible:
+                with self.subTest(name=name):
+                    self.assertIn(name, names,
+                                  f"{name}: list it in tool/exports.list, below {header}")
+
+    def test_headers_of_the_library_declare_nothing_else(self):
+        for header in set(exports) - {"log/log.h"}:  # what follows there is the program's own
+            for name in set(declared(VISIBLE.sub("", read(header)))) - set(exports[header]):
+                self.fail(f"{name}: {header} is public and declares it outside the visible region;"
+                          f" move it before #pragma GCC visibility pop and list it in"
+                          f" tool/exports.list, or into a private header")
 
 
 class Layouts(unittest.TestCase):
