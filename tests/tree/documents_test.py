@@ -109,8 +109,9 @@ class Manual(unittest.TestCase):
     def test_names_the_file_of_a_terminal_without_serial_number(self):
         name, = re.findall(r'kUnknownSerial\[\] = "([^"]*)"', read("tool/main.cpp"))
         for document in ("docs/orvatool.8", "CHANGELOG.md"):
-            self.assertIn(name + ".log", read(document),
-                          f"{document} does not name the file {name}.log")
+            with self.subTest(document=document):
+                self.assertRegex(read(document), rf"(?<![\w-]){re.escape(name)}\.log",
+                                 f"{document} does not name the file {name}.log")
 
 
 if __name__ == "__main__":
