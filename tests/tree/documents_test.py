@@ -114,5 +114,21 @@ class Manual(unittest.TestCase):
                                  f"{document} does not name the file {name}.log")
 
 
+class Counts(unittest.TestCase):
+    longMessage = False
+
+    def test_of_functions_and_data_objects_are_those_of_the_list(self):
+        names = exports_list.names(root / "tool/exports.list")
+        objects = [name for name in names if name in exports_list.DATA_TYPES]
+        listed = (str(len(names) - len(objects)), str(len(objects)))
+        for document in ("README.md", "CHANGELOG.md"):
+            with self.subTest(document=document):
+                told = re.findall(r"(\d+) (?:C )?functions\s+and\s+(\d+) data objects",
+                                  read(document))
+                self.assertEqual(told, [listed],
+                                 f"{document}: tool/exports.list names {listed[0]} functions and"
+                                 f" {listed[1]} data objects")
+
+
 if __name__ == "__main__":
     unittest.main(argv=sys.argv[:1])
