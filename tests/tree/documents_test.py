@@ -12,7 +12,7 @@ from tests.support import exports_list
 
 root = pathlib.Path(sys.argv[1])
 
-LAYOUT_ROW = re.compile(r"^ +\{(\d), (\d), (\d), '(.)'\}, +// (\d)  (\S+)$", re.MULTILINE)
+LAYOUT_ROW = re.compile(r"^ +\{(\d), (\d), (\d), '(.)'\}, +// (\d)  (\S.*)$", re.MULTILINE)
 LAYOUT_IN_HEADER = re.compile(r"(?<= )(\d) ([YMD]{2,4}.[YMD]{2}.[YMD]{2,4})\b")
 
 VISIBLE = re.compile(r"^#pragma GCC visibility push\(default\)$(.*?)^#pragma GCC visibility pop$",
@@ -82,7 +82,9 @@ class Headers(unittest.TestCase):
 class Layouts(unittest.TestCase):
     def setUp(self):
         self.rows = LAYOUT_ROW.findall(read("util/timeutils/texts/date_text.cpp"))
-        self.assertEqual(len(self.rows), 10)
+        self.assertEqual(len(self.rows), 10,
+                         "a row of kLayouts does not read"
+                         " `{year, month, day, 'separator'},  // code  example`")
 
     def pattern(self, row):
         """The layout of a row as letters, as in YY-MM-DD."""
