@@ -35,13 +35,21 @@ class Exports(unittest.TestCase):
 
     def test_exactly_the_listed_names(self):
         exported = [name for name, _ in dynamic_symbols("--defined-only")]
-        self.assertEqual(sorted(exported), sorted(exports_list.names(list_path)))
+        self.assertCountEqual(exported, exports_list.names(list_path))
 
-    def test_every_visible_symbol_of_the_library_is_listed(self):
+    def test_the_library_shows_exactly_the_listed_names(self):
         symbols = output_of(readelf, "-s", "-W", *objects)
         visible = re.findall(r" (?:GLOBAL|WEAK) +(?:DEFAULT|PROTECTED) +\d+ (\S+)$", symbols,
                              flags=re.MULTILINE)
-        self.assertEqual(sorted(visible), sorted(exports_list.names(list_path)))
+        listed = exports_list.names(list_path)
+        with self.subTest("visible names"):
+            if unlisted := ", ".join(sorted(set(visible) - set(listed))):
+                self.fail(f"{unlisted}: visible in the library but not in tool/exports.list: name"
+                          f" them below their header")
+        with self.subTest("listed names"):
+            if hidden := ", ".join(sorted(set(listed) - set(visible))):
+                self.fail(f"{hidden}: in tool/exports.list but not visible: declare them in the"
+                          f" public header before #pragma GCC visibility pop")
 
     def test_functions_are_code_and_globals_are_data(self):
         for name, kind in dynamic_symbols("--defined-only"):
