@@ -9,8 +9,8 @@ GuardedBuffer::GuardedBuffer(size_t size, std::string_view content)
     bytes_.replace(kFence, content.size(), content);
 }
 
-void GuardedBuffer::ExpectHolds(std::string_view expected) const {
+void GuardedBuffer::ExpectHolds(std::string_view expected, std::source_location caller) const {
     std::string all(size_ + 2 * kFence, kFill);
     all.replace(kFence, expected.size(), expected);
-    EXPECT_EQ(bytes_, all);
+    EXPECT_EQ(bytes_, all) << "called at " << caller.file_name() << ':' << caller.line();
 }

@@ -3,6 +3,7 @@
 #define TESTS_SUPPORT_GUARDED_BUFFER_H
 
 #include <cstddef>
+#include <source_location>
 #include <string>
 #include <string_view>
 
@@ -22,9 +23,13 @@ public:
     // The byte at an index that may lie in the fences.
     char& at(ptrdiff_t index) { return bytes_[static_cast<size_t>(kFence + index)]; }
 
-    // Fails unless the buffer starts with expected and all else, fences included, is kFill.
-    void ExpectHolds(std::string_view expected) const;
-    void ExpectUntouched() const { ExpectHolds({}); }
+    // Fails, naming the caller's line, unless the buffer starts with expected and all else, fences
+    // included, is kFill.
+    void ExpectHolds(std::string_view expected,
+                     std::source_location caller = std::source_location::current()) const;
+    void ExpectUntouched(std::source_location caller = std::source_location::current()) const {
+        ExpectHolds({}, caller);
+    }
 
 private:
     static constexpr ptrdiff_t kFence = 64;
