@@ -7,7 +7,7 @@ namespace {
 
 constexpr int kGregorian = CALENDAR_GREGORIAN;
 constexpr int kStandard = 9;  // the layout of 2024-05-07
-constexpr int kSlashes = 4;   // 05/07/24
+constexpr int kMonthFirst = 4;
 
 }  // namespace
 
@@ -20,9 +20,9 @@ std::vector<NullCase> TextCases() {
                   "1 year=2024 month=5 day=7",  //
                   Null{"text", kEnded}, Null{"year", kEnded}, Null{"month", kEnded},
                   Null{"day", kEnded}),
-        NULL_CASE(FmtDateToStandardDate, (Text("05/07/24"), 32, kSlashes, kGregorian),
+        NULL_CASE(FmtDateToStandardDate, (Text("05/07/24"), 32, kMonthFirst, kGregorian),
                   "1 buf=2024-05-07", Null{"buf", "0"}),
-        NULL_CASE(StandardDateToFmtDate, (Text("2024-05-07"), 32, kSlashes, kGregorian),
+        NULL_CASE(StandardDateToFmtDate, (Text("2024-05-07"), 32, kMonthFirst, kGregorian),
                   "1 buf=05/07/24", Null{"buf", "0"}),
         NULL_CASE(ConvertCompileDate, (Input("May 17 2024"), Room(), 32),
                   "1 dst=20240517 | Info timeutils ConvertCompileDate: 20240517\\n",
