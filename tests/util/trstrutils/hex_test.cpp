@@ -28,7 +28,7 @@ void ExpectAsNaive(const std::string& hex) {
     const naive::Outcome expected = naive::Decode16(hex, outcome.first);
     outcome.result =
         Decode16(ExactCopy(hex).get(), reinterpret_cast<unsigned char*>(outcome.first.data()));
-    ASSERT_EQ(outcome, expected) << testing::PrintToString(hex);
+    ASSERT_EQ(outcome, expected) << "differs from naive::Decode16, " << testing::PrintToString(hex);
 }
 
 }  // namespace

@@ -146,6 +146,6 @@ TEST(Str2Upcase, AgreesWithTheNaiveOneOnRandomBytes) {
         const auto buffer = ExactCopy(bytes);
         ASSERT_EQ(Str2Upcase(buffer.get(), length), 0);
         ASSERT_EQ(std::string(buffer.get(), bytes.size()), expected)
-            << testing::PrintToString(bytes);
+            << "differs from naive::Str2Upcase, " << testing::PrintToString(bytes);
     });
 }

@@ -36,7 +36,8 @@ void ExpectAsNaive(const std::string& text, const std::string& key, int separato
         naive::ExtractValue(text, key, separator, outcome.first, out_max);
     outcome.result = ExtractValue(ExactCopy(text).get(), ExactCopy(key).get(), separator,
                                   outcome.first.data(), out_max);
-    ASSERT_EQ(outcome, expected) << testing::PrintToString(text) << ", "
+    ASSERT_EQ(outcome, expected) << "differs from naive::ExtractValue, "
+                                 << testing::PrintToString(text) << ", "
                                  << testing::PrintToString(key) << ", " << separator << ", "
                                  << out_max;
 }

@@ -40,7 +40,8 @@ void ExpectAsNaive(const std::string& text, int key_size, int value_size, char s
         text, outcome.first, key_size, outcome.second, value_size, separator);
     outcome.result = SplitKeyValueByChar(ExactCopy(text).get(), outcome.first.data(), key_size,
                                          outcome.second.data(), value_size, separator);
-    ASSERT_EQ(outcome, expected) << testing::PrintToString(text) << " at " << int{separator} << ", "
+    ASSERT_EQ(outcome, expected) << "differs from naive::SplitKeyValueByChar, "
+                                 << testing::PrintToString(text) << " at " << int{separator} << ", "
                                  << key_size << ", " << value_size;
 }
 

@@ -123,7 +123,8 @@ TEST(DeFormatDate, ReadsEveryPrefix) {
     for (size_t length = 0; length <= text.size(); ++length) {
         for (int code = -9; code <= 9; ++code) {
             const std::string prefix = text.substr(0, length);
-            EXPECT_EQ(Read(prefix, code), naive::ReadDate(prefix, code, 0)) << prefix << code;
+            EXPECT_EQ(Read(prefix, code), naive::ReadDate(prefix, code, 0))
+                << '"' << prefix << "\", code " << code;
         }
     }
     EXPECT_EQ(Read("98", 0), (Date{1998, 0, 0}));

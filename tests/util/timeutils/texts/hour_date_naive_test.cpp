@@ -28,20 +28,25 @@ void CompareDates(const std::string& text, int code, int calendar_mode) {
     Date date;
     DeFormatDate(ExactCopy(text).get(), code, calendar_mode, &date.year, &date.month, &date.day);
     ASSERT_EQ(date, naive::ReadDate(text, code, calendar_mode))
-        << '"' << text << "\" " << code << ' ' << calendar_mode;
+        << "differs from naive::ReadDate, \"" << text << "\", code " << code << ", calendar "
+        << calendar_mode;
 }
 
 void CompareHours(const std::string& text, int size, int to24) {
+    if (testing::Test::HasFatalFailure()) {
+        return;  // the first difference is enough
+    }
     GuardedBuffer buffer = Buffer(text);
     const auto expected = naive::ConvertHourText(BytesOf(buffer), size, to24 != 0);
-    ASSERT_EQ(HourTimeFormatToCurMode(buffer.data(), size, to24), expected.result) << text;
+    EXPECT_EQ(HourTimeFormatToCurMode(buffer.data(), size, to24), expected.result);
     buffer.ExpectHolds(expected.bytes);
     if (to24 != 0) {
         buffer = Buffer(text);
-        ASSERT_EQ(HourTimeFormatTo24Mode(buffer.data(), size), expected.result) << text;
+        EXPECT_EQ(HourTimeFormatTo24Mode(buffer.data(), size), expected.result);
         buffer.ExpectHolds(expected.bytes);
     }
-    ASSERT_FALSE(testing::Test::HasFailure()) << '"' << text << "\" " << size << ' ' << to24;
+    ASSERT_FALSE(testing::Test::HasFailure()) << "differs from naive::ConvertHourText, \"" << text
+                                              << "\", size " << size << ", to24 " << to24;
 }
 
 // Digits in pairs with something between them, so that most texts are dates.
@@ -95,7 +100,7 @@ TEST(DateTexts, AreWrittenAsTheNaiveWriterDoes) {
         GuardedBuffer buffer(kBufferSize);
         FormatDate(buffer.data(), code, date.year, date.month, date.day);
         buffer.ExpectHolds(Terminated(naive::DateText(code, date)));
-        ASSERT_FALSE(testing::Test::HasFailure()) << code;
+        ASSERT_FALSE(testing::Test::HasFailure()) << "differs from naive::DateText, code " << code;
     });
 }
 
@@ -110,12 +115,16 @@ TEST(DateTexts, MoveToAndFromTheStandardFormAsTheNaiveOnesDo) {
             naive::FmtDateToStandardDate(BytesOf(buffer), size, code, calendar_mode);
         ASSERT_EQ(FmtDateToStandardDate(buffer.data(), size, code, calendar_mode), 1);
         buffer.ExpectHolds(standard);
+        ASSERT_FALSE(testing::Test::HasFailure())
+            << "differs from naive::FmtDateToStandardDate, \"" << text << "\", code " << code
+            << ", calendar " << calendar_mode << ", size " << size;
 
         buffer = Buffer(text);
         const std::string formatted = naive::StandardDateToFmtDate(BytesOf(buffer), code);
         ASSERT_EQ(StandardDateToFmtDate(buffer.data(), size, code, calendar_mode), 1);
         buffer.ExpectHolds(formatted);
-        ASSERT_FALSE(testing::Test::HasFailure()) << text << ' ' << code;
+        ASSERT_FALSE(testing::Test::HasFailure())
+            << "differs from naive::StandardDateToFmtDate, \"" << text << "\", code " << code;
     });
 }
 

@@ -41,7 +41,8 @@ void CompareWithNaive(const std::string& text, int text_type, int code, int cale
     const TTime rec = Parsed(text, text_type, code, calendar_mode);
     const TTime expected = naive::ParseStrToTTime(text, Stale(), text_type, code, calendar_mode);
     ASSERT_EQ(FieldsOf(rec), FieldsOf(expected))
-        << '"' << text << "\" " << text_type << ' ' << code << ' ' << calendar_mode;
+        << "differs from naive::ParseStrToTTime, \"" << text << "\", type " << text_type
+        << ", code " << code << ", calendar " << calendar_mode;
     ASSERT_FALSE(testing::Test::HasFailure());
 }
 

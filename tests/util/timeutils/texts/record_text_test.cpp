@@ -124,11 +124,14 @@ TEST(TTimeToStr, AgreesWithTheNaiveWriterOnRandomRecords) {
         const std::string before(buf.data(), kBufferSize);
         TTimeToStr(rec, buf.data(), size, text_type, code);
         buf.ExpectHolds(naive::TTimeToStr(rec, before, size, text_type, code));
+        ASSERT_FALSE(testing::Test::HasFailure())
+            << "differs from naive::TTimeToStr, type " << text_type << ", size " << size
+            << ", code " << code;
 
         GuardedBuffer dst(kBufferSize);
         TTimeToStrTime(dst.data(), size, &rec);
         dst.ExpectHolds(naive::Put(before, size, naive::TimeStamp(rec)));
-        ASSERT_FALSE(testing::Test::HasFailure()) << text_type << ' ' << size << ' ' << code;
+        ASSERT_FALSE(testing::Test::HasFailure()) << "differs from naive::TimeStamp, size " << size;
     });
 }
 

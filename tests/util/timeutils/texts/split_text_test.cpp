@@ -60,9 +60,11 @@ void CompareWithNaive(const Splitter& splitter, const std::string& text) {
     std::vector<int> numbers(splitter.count, kUntouched);
     const naive::Split expected = naive::SplitNumbers(text, splitter.separator, numbers);
     splitter.call(buf.data(), numbers.data());
-    ASSERT_EQ(numbers, expected.numbers) << splitter.name << " \"" << text << '"';
+    ASSERT_EQ(numbers, expected.numbers)
+        << splitter.name << " differs from naive::SplitNumbers, \"" << text << '"';
     buf.ExpectHolds(Terminated(expected.bytes));
-    ASSERT_FALSE(testing::Test::HasFailure()) << splitter.name << " \"" << text << '"';
+    ASSERT_FALSE(testing::Test::HasFailure())
+        << splitter.name << " differs from naive::SplitNumbers, \"" << text << '"';
 }
 
 }  // namespace
