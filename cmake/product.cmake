@@ -11,6 +11,7 @@ set(library_sources
     splash/nand.cpp
     udisk/partitions.cpp
     udisk/udiskdetection.cpp
+    util/digits.cpp
     util/fileutils/create_path.cpp
     util/fileutils/env_path.cpp
     util/fileutils/file_copy.cpp
@@ -27,7 +28,6 @@ set(library_sources
     util/timeutils/ethernet/mac_address.cpp
     util/timeutils/texts/compile_date.cpp
     util/timeutils/texts/date_text.cpp
-    util/timeutils/texts/fields.cpp
     util/timeutils/texts/hour_text.cpp
     util/timeutils/texts/record_text.cpp
     util/timeutils/texts/split_text.cpp

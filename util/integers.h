@@ -1,11 +1,10 @@
-// Numbers made to fit: cut to 32 bits, stopped at the limits, read from a text, taken as a size.
+// Integers: cut to 32 bits, stopped at the limits, divided, taken as a size.
 #ifndef UTIL_INTEGERS_H
 #define UTIL_INTEGERS_H
 
 #include <climits>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
 // The low 32 bits of value as a signed number. Sums that wrap by intention are taken in 64 bits
 // and cut here, because signed overflow is not defined.
@@ -25,10 +24,35 @@ constexpr int SaturateToInt(Number value) {
     return value <= Number{INT_MIN} ? INT_MIN : static_cast<int>(value);
 }
 
-// The decimal number at the start of text, as strtol reads it.
-inline int ReadInt(const char* text) {
-    constexpr int kDecimal = 10;
-    return SaturateToInt(strtol(text, nullptr, kDecimal));
+// A quotient that is rounded down, and what is left: [0, divisor).
+struct Division {
+    int64_t quotient;
+    int remainder;
+};
+
+// Kept out of line: values beyond 32 bits are rare, and their division is long.
+[[gnu::noinline]] constexpr Division DivideWideDown(int64_t value, int divisor) {
+    const auto remainder = static_cast<int>(value % divisor);
+    const int64_t quotient = value / divisor;
+    return remainder < 0 ? Division{quotient - 1, remainder + divisor}
+                         : Division{quotient, remainder};
+}
+
+// A processor without division divides 32 bits by a constant by multiplying.
+template <int kDivisor>
+constexpr Division DivideDown(int64_t value) {
+    const auto low = static_cast<int32_t>(value);
+    if (low != value) {
+        return DivideWideDown(value, kDivisor);
+    }
+    const int remainder = low % kDivisor;
+    return remainder < 0 ? Division{low / kDivisor - 1, remainder + kDivisor}
+                         : Division{low / kDivisor, remainder};
+}
+
+template <int kDivisor>
+constexpr int64_t DivideUp(int64_t value) {
+    return DivideDown<kDivisor>(value + kDivisor - 1).quotient;
 }
 
 // The size of a caller's buffer. A size below 0 is none: nothing may be written.

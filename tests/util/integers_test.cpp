@@ -89,12 +89,17 @@ TEST(SaturateToInt, StopsLongsAtTheLimits) {
     EXPECT_EQ(SaturateToInt(-7L), -7);
 }
 
-TEST(ReadInt, StopsAtTheLimits) {
-    EXPECT_EQ(ReadInt("2147483648"), INT_MAX);
-    EXPECT_EQ(ReadInt("-2147483649"), INT_MIN);
-    EXPECT_EQ(ReadInt("99999999999999999999"), INT_MAX);
-    EXPECT_EQ(ReadInt(" -12x"), -12);
-    EXPECT_EQ(ReadInt("x"), 0);
+TEST(DivideDown, RoundsTowardsMinusInfinityAndLeavesNoNegativeRemainder) {
+    CheckRandom(97, [](Random& random) {
+        const int64_t wide = (int64_t{AnyInt(random)} << random.Between(0, 24)) + AnyInt(random);
+        for (const int64_t value : {wide, int64_t{AnyInt(random)}, int64_t{SmallInt(random, 9)}}) {
+            const Division division = DivideDown<97>(value);
+            ASSERT_EQ(division.quotient * 97 + division.remainder, value);
+            ASSERT_TRUE(division.remainder >= 0 && division.remainder < 97) << value;
+            const int64_t up = DivideUp<97>(value) * 97 - value;
+            ASSERT_TRUE(up >= 0 && up < 97) << value;
+        }
+    });
 }
 
 TEST(BufferSize, OfASizeBelow1IsNone) {

@@ -8,8 +8,8 @@
 #include <cstring>
 
 #include "log/log_line.h"
+#include "util/digits.h"
 #include "util/fileutils.h"
-#include "util/integers.h"
 #include "util/owners.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "util/integers.h"
+#include "util/digits.h"
 #include "util/null.h"
 #include "util/trstrutils.h"
 

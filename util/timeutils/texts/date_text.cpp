@@ -1,20 +1,20 @@
 // Dates in ten layouts.
 
-#include <cstdio>
+#include <cstdint>
+#include <cstring>
 #include <iterator>
 
-#include "util/integers.h"
+#include "util/digits.h"
 #include "util/timeutils.h"
-#include "util/timeutils/texts/fields.h"
 
 namespace {
 
 // Where the fields stand in a text, for writing and reading it. Each has two characters, but for
 // the year of the standard form, which has four.
 struct DateLayout {
-    int year;
-    int month;
-    int day;
+    int8_t year;
+    int8_t month;
+    int8_t day;
     char separator;
 };
 
@@ -36,11 +36,11 @@ static_assert(
     "The last digit of a code names its layout: ten layouts, and it cannot name another.");
 
 constexpr int kStandardCode = 9;
-constexpr char kStandardPattern[] = "%04d%c%02d%c%02d";
 constexpr int kFieldWidth = 2;
 constexpr int kFieldStep = kFieldWidth + 1;  // with the separator
 constexpr int kFields = 3;
 constexpr int kLongYearWidth = 4;
+constexpr int kDateLength = sizeof "2024-05-07" - 1;  // of the longest layout
 constexpr int kCentury = 100;
 
 constexpr int kLastPersian1400s = 16;    // greater two-digit years belong to the century before
@@ -77,14 +77,14 @@ int FormatDate(char* dst, int code, int year, int month, int day) {
     const DateLayout& layout = kLayouts[index];
     const char separator = layout.separator;
     if (index == kStandardCode) {
-        sprintf(dst, kStandardPattern, year, separator, month, separator, day);
+        *WriteThree<kLongYearWidth>(dst, year, separator, month, day) = '\0';
         return 0;
     }
     int fields[kFields];
     fields[layout.year / kFieldStep] = year % kCentury;
     fields[layout.month / kFieldStep] = month;
     fields[layout.day / kFieldStep] = day;
-    sprintf(dst, "%02d-%02d-%02d", fields[0], fields[1], fields[2]);
+    *WriteThree<kFieldWidth>(dst, fields[0], '-', fields[1], fields[2]) = '\0';
     dst[kFieldWidth] = separator;  // at these places also where a field before them is wider
     dst[kFieldStep + kFieldWidth] = separator;
     return 0;
@@ -93,13 +93,17 @@ int FormatDate(char* dst, int code, int year, int month, int day) {
 int DeFormatDate(const char* text, int code, int calendar_mode, int* year, int* month, int* day) {
     const int index = LayoutIndex(code);
     const DateLayout& layout = kLayouts[index];
+    const auto length = static_cast<int>(strnlen(text, kDateLength));
+    const auto field = [&](int position) {
+        return position < length ? ReadField<kFieldWidth>(text + position) : 0;
+    };
     if (index == kStandardCode) {
-        *year = ReadField(text, layout.year, kLongYearWidth);
+        *year = ReadField<kLongYearWidth>(text);
     } else {
-        *year = WidenYear(ReadField(text, layout.year, kFieldWidth), calendar_mode);
+        *year = WidenYear(field(layout.year), calendar_mode);
     }
-    *month = ReadField(text, layout.month, kFieldWidth);
-    *day = ReadField(text, layout.day, kFieldWidth);
+    *month = field(layout.month);
+    *day = field(layout.day);
     return 1;
 }
 
@@ -111,8 +115,9 @@ int FmtDateToStandardDate(char* buf, int size, int code, int calendar_mode) {
     int month;
     int day;
     DeFormatDate(buf, code, calendar_mode, &year, &month, &day);
+    char date[kThreeNumbersSize];
     const char separator = kLayouts[kStandardCode].separator;
-    snprintf(buf, BufferSize(size), kStandardPattern, year, separator, month, separator, day);
+    PutText(buf, size, date, WriteThree<kLongYearWidth>(date, year, separator, month, day));
     return 1;
 }
 

@@ -1,13 +1,12 @@
 // Clock texts between the 12-hour and the 24-hour form.
 
 #include <algorithm>
-#include <cstdio>
+#include <cstddef>
 #include <cstring>
 
 #include "log/log_line.h"
-#include "util/integers.h"
+#include "util/digits.h"
 #include "util/timeutils.h"
-#include "util/timeutils/texts/fields.h"
 
 namespace {
 
@@ -20,39 +19,51 @@ bool IsEmpty(const char* buf) {
     return buf == nullptr || *buf == '\0';
 }
 
-// Writes buf's 24-hour form to text and cuts the marker off in buf. False when there is no marker.
-bool To24Hours(char* buf, int size, char (&text)[kTextSize]) {
+// Appends length characters as far as text has room for them and a terminator. Returns the end.
+char* Append(char (&text)[kTextSize], char* end, const char* characters, ptrdiff_t length) {
+    return std::copy_n(characters, std::min(length, text + kTextSize - 1 - end), end);
+}
+
+// Writes buf's 24-hour form to text and cuts the marker off in buf. Returns the end of text, or
+// nullptr when there is no marker.
+char* To24Hours(char* buf, int size, char (&text)[kTextSize]) {
     const char* const am = strrchr(buf, 'A');
     const char* const marker = am != nullptr ? am : strrchr(buf, 'P');
     if (marker == nullptr) {
-        return false;
+        return nullptr;
     }
-    const int length = std::max(static_cast<int>(marker - buf) - 1, 0);  // less the blank
-    const int hour_width = std::min(length, kHourWidth);
-    int hour = ReadField(buf, 0, hour_width);
+    const ptrdiff_t length = std::max<ptrdiff_t>(marker - buf - 1, 0);  // less the blank
+    const auto hour_width = static_cast<int>(std::min<ptrdiff_t>(length, kHourWidth));
+    int hour =
+        hour_width == kHourWidth ? ReadField<kHourWidth>(buf) : ReadOddField(buf, hour_width);
     if (am != nullptr) {
         hour = hour == kNoon ? 0 : hour;
     } else {
         hour = hour < kNoon ? hour + kNoon : hour;
     }
-    snprintf(text, sizeof text, "%02d%.*s", hour, length - hour_width, buf + hour_width);
+    char* const end = WriteNumber<kHourWidth>(text, hour);
+    char* const text_end = Append(text, end, buf + hour_width, length - hour_width);
+    *text_end = '\0';
     // The cut is made in place, also where it lies beyond size; without a size nothing is written.
     if (size > 0) {
         buf[length] = '\0';
     }
-    return true;
+    return text_end;
 }
 
-// Writes buf's 12-hour form to text. False when buf has a marker already.
-bool To12Hours(const char* buf, char (&text)[kTextSize]) {
+// Writes buf's 12-hour form to text. Returns its end, or nullptr when buf has a marker already.
+char* To12Hours(const char* buf, char (&text)[kTextSize]) {
     if (strpbrk(buf, "AP") != nullptr) {
-        return false;
+        return nullptr;
     }
-    const int hour = ReadField(buf, 0, kHourWidth);
-    const int shown = hour % kNoon != 0 ? hour % kNoon : kNoon;
+    const int hour = ReadField<kHourWidth>(buf);
     const char* const after_hour = buf + strnlen(buf, kHourWidth);
-    snprintf(text, sizeof text, "%02d%s %s", shown, after_hour, hour < kNoon ? "AM" : "PM");
-    return true;
+    const char* const marker = hour < kNoon ? " AM" : " PM";
+    char* end = WriteNumber<kHourWidth>(text, hour % kNoon != 0 ? hour % kNoon : kNoon);
+    end = Append(text, end, after_hour, static_cast<ptrdiff_t>(strlen(after_hour)));
+    end = Append(text, end, marker, sizeof " AM" - 1);
+    *end = '\0';
+    return end;
 }
 
 }  // namespace
@@ -62,10 +73,11 @@ int HourTimeFormatToCurMode(char* buf, int size, int to24) {
         return -1;
     }
     char text[kTextSize];
-    if (!(to24 != 0 ? To24Hours(buf, size, text) : To12Hours(buf, text))) {
+    const char* const end = to24 != 0 ? To24Hours(buf, size, text) : To12Hours(buf, text);
+    if (end == nullptr) {
         return 0;
     }
-    snprintf(buf, BufferSize(size), "%s", text);
+    PutText(buf, size, text, end);
     LOG(LOG_INFO, "Hour time format to current mode: %s", text);
     return 1;
 }
@@ -75,10 +87,11 @@ int HourTimeFormatTo24Mode(char* buf, int size) {
         return -1;
     }
     char text[kTextSize];
-    if (!To24Hours(buf, size, text)) {
+    const char* const end = To24Hours(buf, size, text);
+    if (end == nullptr) {
         return 0;
     }
-    snprintf(buf, BufferSize(size), "%s", text);
+    PutText(buf, size, text, end);
     LOG(LOG_INFO, "Hour time format to 24 mode: %s", text);
     return 1;
 }

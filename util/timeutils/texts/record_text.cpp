@@ -1,10 +1,10 @@
 // Records written and read as texts.
 
-#include <cstdio>
+#include <algorithm>
 #include <cstring>
 
 #include "log/log_line.h"
-#include "util/integers.h"
+#include "util/digits.h"
 #include "util/timeutils.h"
 #include "util/timeutils/records.h"
 #include "util/trstrutils.h"
@@ -12,8 +12,8 @@
 namespace {
 
 constexpr const char* kLogTag = log_tag::kTimeutils;
-constexpr char kTimePattern[] = "%02d:%02d:%02d";
-constexpr int kClockSize = 16;
+constexpr int kClockLength = 15;  // a longer clock part is cut
+constexpr int kTextSize = 2 * kThreeNumbersSize + sizeof "T";
 constexpr int kDateSize = 12;
 constexpr int kTimeSize = 10;
 
@@ -34,6 +34,18 @@ void ParseDateTime(const char* text, int code, int calendar_mode, CalendarDate& 
     ParseTimeNoSec(time_text, &clock.hour, &clock.minute);
 }
 
+// 2024-05-07T
+char* WriteDateAndT(char* out, const CalendarDate& date) {
+    out = WriteThree<4>(out, date.year, '-', date.month, date.day);
+    *out++ = 'T';
+    return out;
+}
+
+// 08:09:10
+char* WriteClock(char* out, const TTime& rec) {
+    return WriteThree<2>(out, rec.tm_hour, ':', rec.tm_min, rec.tm_sec);
+}
+
 }  // namespace
 
 int TTimeToStr(TTime rec, char* buf, int size, int text_type, int code) {
@@ -41,19 +53,19 @@ int TTimeToStr(TTime rec, char* buf, int size, int text_type, int code) {
         return 0;
     }
     const CalendarDate date = DateOf(rec);
+    char text[kTextSize];
     switch (text_type) {
         case TEXT_DATE:
             FormatDate(buf, code, date.year, date.month, date.day);
             break;
         case TEXT_TIME:
-            snprintf(buf, BufferSize(size), kTimePattern, rec.tm_hour, rec.tm_min, rec.tm_sec);
+            PutText(buf, size, text, WriteClock(text, rec));
             break;
         case TEXT_TIME_NO_SECOND:
-            snprintf(buf, BufferSize(size), "%02d:%02d", rec.tm_hour, rec.tm_min);
+            PutText(buf, size, text, WriteHourAndMinute(text, rec.tm_hour, rec.tm_min));
             break;
         case TEXT_DATE_TIME:
-            snprintf(buf, BufferSize(size), "%04d-%02d-%02dT%02d:%02d:%02d", date.year, date.month,
-                     date.day, rec.tm_hour, rec.tm_min, rec.tm_sec);
+            PutText(buf, size, text, WriteClock(WriteDateAndT(text, date), rec));
             break;
         default:
             break;
@@ -84,9 +96,8 @@ int TTimeToStrTime(char* dst, int size, const TTime* rec) {
         LOG(LOG_WARNING, "pTimeBuf pTTime buf is NULL!");
         return 0;
     }
-    char clock[kClockSize];
-    snprintf(clock, sizeof clock, kTimePattern, rec->tm_hour, rec->tm_min, rec->tm_sec);
-    const CalendarDate date = DateOf(*rec);
-    snprintf(dst, BufferSize(size), "%04d-%02d-%02dT%s", date.year, date.month, date.day, clock);
+    char text[kTextSize];
+    char* const clock = WriteDateAndT(text, DateOf(*rec));
+    PutText(dst, size, text, std::min(WriteClock(clock, *rec), clock + kClockLength));
     return 1;
 }

@@ -3,7 +3,7 @@
 #include <cstring>
 #include <initializer_list>
 
-#include "util/integers.h"
+#include "util/digits.h"
 #include "util/timeutils.h"
 
 namespace {

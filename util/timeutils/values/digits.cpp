@@ -1,14 +1,14 @@
 // Digits, clock times as numbers, and numbers in texts.
 
-#include <cstdio>
+#include <cstdint>
 
+#include "util/digits.h"
 #include "util/integers.h"
 #include "util/timeutils.h"
 #include "util/trstrutils.h"
 
 namespace {
 
-constexpr int kDecimalBase = 10;
 constexpr int kClockTextSize = sizeof "09:30";
 constexpr int kHourUnit = 100;  // an hour in a clock time written as HHMM
 
@@ -46,7 +46,8 @@ int IntTimeToStrTime(char* dst, int size, int hhmm) {
     if (dst == nullptr || size < kClockTextSize) {
         return -1;
     }
-    snprintf(dst, BufferSize(size), "%02d:%02d", hhmm / kHourUnit, hhmm % kHourUnit);
+    char text[2 * kIntSize + sizeof ":"];
+    PutText(dst, size, text, WriteHourAndMinute(text, hhmm / kHourUnit, hhmm % kHourUnit));
     return 0;
 }
 
