@@ -42,7 +42,7 @@ struct Division {
 template <int kDivisor>
 constexpr Division DivideDown(int64_t value) {
     const auto low = static_cast<int32_t>(value);
-    if (low != value) {
+    if (low != value) [[unlikely]] {
         return DivideWideDown(value, kDivisor);
     }
     const int remainder = low % kDivisor;

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr double kEpoch = 1948439.5;  // day number of 0001-01-01
+constexpr int kEpoch = 1948439;  // the day of 0001-01-01
 constexpr int kCycleYears = 30;
 constexpr int kYearDays = 354;  // a common year
 constexpr int kCycleDays = 10631;
@@ -17,8 +17,18 @@ static_assert(kCycleDays == kCycleYears * kYearDays + kLeapYears);
 
 constexpr int kYearRounding = kCycleDays + kCycleYears / 2;
 
-constexpr double kMeanMonthDays = 29.5;  // 30 and 29 in turn
+constexpr int kMonthPairDays = 59;  // 30 and 29 in turn
 constexpr int kLongMonthDays = 30;
+
+// From 1. Months count on beyond 12, and back below 1.
+int64_t DayOfYear(int month, int day) {
+    return DivideUp<2>(int64_t{kMonthPairDays} * WrapToInt32(int64_t{month} - 1)) + day;
+}
+
+int64_t DayBeforeYear(int year) {
+    return int64_t{kEpoch} - 1 + WrapToInt32(int64_t{kYearDays} * year - kYearDays) +
+           WrapToInt32(int64_t{kLeapYears} * year + kLeapPhase) / kCycleYears;
+}
 
 }  // namespace
 
@@ -27,44 +37,31 @@ int IsIslamicLeap(int year) {
     return phase % kCycleYears < kLeapYears ? 1 : 0;
 }
 
-double IslamicToJd(int year, int month, int day) {
-    const int days_before = WrapToInt32(int64_t{kYearDays} * year - kYearDays);
-    const int leap_days = WrapToInt32(int64_t{kLeapYears} * year + kLeapPhase) / kCycleYears;
-    return day + ceil(WrapToInt32(int64_t{month} - 1) * kMeanMonthDays) + days_before + leap_days +
-           kEpoch - 1;
+int64_t IslamicDay(const CalendarDate& date) {
+    return DayBeforeYear(date.year) + DayOfYear(date.month, date.day);
 }
 
-int JdToIslamic(double jd, int* year, int* month, int* day) {
-    const double midnight = floor(jd) + 0.5;
-    *year = SaturateToInt(floor(((midnight - kEpoch) * kCycleYears + kYearRounding) / kCycleDays));
-    const double month_number =
-        ceil((midnight - (IslamicToJd(*year, 1, 1) + (kLongMonthDays - 1))) / kMeanMonthDays) + 1;
-    *month = month_number > kMonthsPerYear ? kMonthsPerYear : SaturateToInt(month_number);
-    *day = SaturateToInt((midnight - IslamicToJd(*year, *month, 1)) + 1);
-    return 1;
+CalendarDate IslamicDate(int64_t day) {
+    const int year = SaturateToInt(
+        DivideDown<kCycleDays>((day - kEpoch) * kCycleYears + kYearRounding).quotient);
+    const int64_t day_of_year = day - DayBeforeYear(year);  // from 1
+    const int64_t month_number = DivideUp<kMonthPairDays>((day_of_year - kLongMonthDays) * 2) + 1;
+    const int month = month_number > kMonthsPerYear ? kMonthsPerYear : SaturateToInt(month_number);
+    return {year, month, SaturateToInt(day_of_year - DayOfYear(month, 1) + 1)};
 }
 
 int GetIslamicMonthDay(int year, int month) {
     // Day 30 of a month of 29 days counts on to the next month.
-    CalendarDate last;
-    JdToIslamic(IslamicToJd(year, month, kLongMonthDays), &last.year, &last.month, &last.day);
+    const CalendarDate last = IslamicDate(IslamicDay({year, month, kLongMonthDays}));
     return last.month == month ? kLongMonthDays : kLongMonthDays - 1;
 }
 
 TTime* ChrisTmToIslamicTm(TTime* rec) {
-    const CalendarDate chris = DateOf(*rec);
-    CalendarDate islamic;
-    JdToIslamic(GregorianToJd(chris.year, chris.month, chris.day), &islamic.year, &islamic.month,
-                &islamic.day);
-    SetDate(rec, islamic);
+    SetDate(rec, IslamicDate(GregorianDay(DateOf(*rec))));
     return rec;
 }
 
 TTime* IslamicTmToChrisTm(TTime* rec) {
-    const CalendarDate islamic = DateOf(*rec);
-    CalendarDate chris;
-    JdToGregorian(IslamicToJd(islamic.year, islamic.month, islamic.day), &chris.year, &chris.month,
-                  &chris.day);
-    SetDate(rec, chris);
+    SetDate(rec, GregorianDate(IslamicDay(DateOf(*rec))));
     return rec;
 }

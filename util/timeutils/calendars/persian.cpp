@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr double kEpoch = 1948320.5;  // day number of 0001-01-01
+constexpr int kEpoch = 1948320;  // the day of 0001-01-01
 constexpr int kCycleYears = 2820;
 constexpr int kCycleDays = 1029983;
 constexpr int kYearDays = 365;    // a common year
@@ -24,15 +24,30 @@ constexpr int kShortMonthDays = 30;
 constexpr int kLongMonthsDays = kLongMonths * kLongMonthDays;
 
 // The year of the cycle, from 1, for a day of the cycle, from 0.
-double YearOfCycle(double day_of_cycle) {
+int YearOfCycle(int day_of_cycle) {
     if (day_of_cycle == kCycleDays - 1) {
         return kCycleYears;
     }
-    const double years = floor(day_of_cycle / (kYearDays + 1));
-    const double days = CalMod(day_of_cycle, kYearDays + 1);
+    const int years = day_of_cycle / (kYearDays + 1);
+    const int days = day_of_cycle % (kYearDays + 1);
     constexpr int kExcessDays = kLeapPeriod * (kYearDays + 1) - kLeapPeriodDays;
-    return floor((kExcessDays * years + kLeapPeriod * days + (kLeapPeriod - 1)) / kLeapPeriodDays) +
+    return (kExcessDays * years + kLeapPeriod * days + (kLeapPeriod - 1)) / kLeapPeriodDays +
            years + 1;
+}
+
+// The days before a year of the cycle, with those of the years before the cycle.
+constexpr int DaysBefore(int year_of_cycle) {
+    const int year = year_of_cycle + kCycleStart;
+    return (year * kLeapYears - kLeapPhase) / kLeapPeriod + (year - 1) * kYearDays;
+}
+
+// From 1.
+int DayOfYear(int month, int day) {
+    const int64_t month_start =
+        month <= kLongMonths + 1
+            ? int64_t{kLongMonthDays} * month - kLongMonthDays
+            : int64_t{kShortMonthDays} * month - (kShortMonthDays - kLongMonths);
+    return WrapToInt32(month_start + day);
 }
 
 }  // namespace
@@ -55,43 +70,34 @@ int GetPersianMonthDay(int year, int month) {
     return month < kMonthsPerYear || IsPersianLeap(year) ? kShortMonthDays : kShortMonthDays - 1;
 }
 
-double PersianToJd(int year, int month, int day) {
-    const double base = static_cast<double>(year) - (year >= 0 ? kCycleStart : kCycleStart - 1);
-    const double year_of_cycle = CalMod(base, kCycleYears) + kCycleStart;
-    const int64_t month_start =
-        month <= kLongMonths + 1
-            ? int64_t{kLongMonthDays} * month - kLongMonthDays
-            : int64_t{kShortMonthDays} * month - (kShortMonthDays - kLongMonths);
-    return WrapToInt32(month_start + day) +
-           floor((year_of_cycle * kLeapYears - kLeapPhase) / kLeapPeriod) +
-           (year_of_cycle - 1) * kYearDays + floor(base / kCycleYears) * kCycleDays + (kEpoch - 1);
+int64_t PersianDay(const CalendarDate& date) {
+    const int64_t year = int64_t{date.year} - (date.year >= 0 ? kCycleStart : kCycleStart - 1);
+    const Division cycle = DivideDown<kCycleYears>(year);
+    return kEpoch - 1 + cycle.quotient * kCycleDays + DaysBefore(cycle.remainder) +
+           DayOfYear(date.month, date.day);
+}
+
+CalendarDate PersianDate(int64_t day) {
+    constexpr int kFirstDay = DaysBefore(1) + 1;
+    const Division cycle = DivideDown<kCycleDays>(day - (kEpoch - 1) - kFirstDay);
+    const int year_of_cycle = YearOfCycle(cycle.remainder);
+    auto year = static_cast<int>(cycle.quotient * kCycleYears + year_of_cycle + kCycleStart);
+    if (year <= 0) {
+        --year;  // there is no year 0
+    }
+    const int day_of_year = cycle.remainder + kFirstDay - DaysBefore(year_of_cycle);
+    const int month = day_of_year <= kLongMonthsDays
+                          ? (day_of_year + kLongMonthDays - 1) / kLongMonthDays
+                          : (day_of_year - kLongMonths + kShortMonthDays - 1) / kShortMonthDays;
+    return {year, month, day_of_year - DayOfYear(month, 1) + 1};
 }
 
 TTime* ChrisTmToPersianTm(TTime* rec) {
-    const CalendarDate chris = DateOf(*rec);
-    const double jd = floor(GregorianToJd(chris.year, chris.month, chris.day)) + 0.5;
-    const double days = jd - PersianToJd(kCycleStart + 1, 1, 1);
-    const double cycle = floor(days / kCycleDays);
-    const double year_of_cycle = YearOfCycle(CalMod(days, kCycleDays));
-    double full_year = cycle * kCycleYears + year_of_cycle + kCycleStart;
-    if (full_year <= 0) {
-        full_year -= 1;  // there is no year 0
-    }
-    const int year = SaturateToInt(full_year);
-    const double day_of_year = (jd - PersianToJd(year, 1, 1)) + 1;
-    const int month = SaturateToInt(day_of_year <= kLongMonthsDays
-                                        ? ceil(day_of_year / kLongMonthDays)
-                                        : ceil((day_of_year - kLongMonths) / kShortMonthDays));
-    const int day = SaturateToInt((jd - PersianToJd(year, month, 1)) + 1);
-    SetDate(rec, {year, month, day});
+    SetDate(rec, PersianDate(GregorianDay(DateOf(*rec))));
     return rec;
 }
 
 TTime* PersianTmToChrisTm(TTime* rec) {
-    const CalendarDate persian = DateOf(*rec);
-    CalendarDate chris;
-    JdToGregorian(PersianToJd(persian.year, persian.month, persian.day), &chris.year, &chris.month,
-                  &chris.day);
-    SetDate(rec, chris);
+    SetDate(rec, GregorianDate(PersianDay(DateOf(*rec))));
     return rec;
 }

@@ -3,10 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include <bit>
 #include <climits>
 #include <cstdint>
 
+#include "tests/support/digest.h"
 #include "tests/util/timeutils/any_int.h"
 #include "tests/util/timeutils/calendars/converted_date.h"
 #include "tests/util/timeutils/calendars/naive_calendars.h"
@@ -21,21 +21,6 @@ constexpr uint64_t kDigestOfDates = 0x2c60e7d5c8ec0eb5;
 constexpr uint64_t kDigestOfExtremes = 0xe027fc9d7af87c3e;
 
 constexpr int kExtremeDates = 10'000;
-
-// FNV-1a, 64 bits.
-class Digest {
-public:
-    template <typename Value>
-    void Add(Value value) {
-        for (const uint8_t byte : std::bit_cast<std::array<uint8_t, sizeof value>>(value)) {
-            state_ = (state_ ^ byte) * 0x100000001B3;
-        }
-    }
-    uint64_t value() const { return state_; }
-
-private:
-    uint64_t state_ = 0xCBF29CE484222325;
-};
 
 // All that the calendars say about three numbers.
 struct Answers {
