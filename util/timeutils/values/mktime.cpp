@@ -1,12 +1,12 @@
 // The library's own mktime: brings a record into range and counts its seconds, with no zone but
 // the two globals.
 
-#include <algorithm>
 #include <climits>
 
 #include "util/integers.h"
 #include "util/time_units.h"
 #include "util/timeutils.h"
+#include "util/timeutils/gregorian_year.h"
 #include "util/timeutils/records.h"
 
 int _timezone;
@@ -16,93 +16,72 @@ int _daylight;
 namespace {
 
 constexpr int kDaysPerWeek = 7;
-constexpr int kDaysPerYear = 365;
 constexpr int kEpochYear = 1970;
 constexpr int kEpochWeekday = 4;  // Thursday
-constexpr int kCycleYears = 400;
-constexpr int kCycleDays = 146097;
-static_assert(kCycleDays == kCycleYears * kDaysPerYear + kCycleYears / 4 - 3);
 
 // A month and a count of days from its first day on.
 struct MonthDays {
     int year;   // full, as in 2024; wraps
-    int month;  // [0, 11]
+    int month;  // [1, 12]
     int days;
 };
 
 // Moves what exceeds [0, base) from low to high.
-void Carry(int& low, int& high, int base) {
-    high = WrapToInt32(int64_t{high} + low / base);
-    low %= base;
-    if (low < 0) {
-        low += base;
-        high = WrapToInt32(int64_t{high} - 1);
-    }
-}
-
-const int* MonthLengths(int year) {
-    return _ytab[IsLeapYear(year)];
-}
-
-int LengthOf(const MonthDays& date) {
-    return MonthLengths(date.year)[date.month];
-}
-
-// The calendar repeats after 400 years: skips the whole cycles that the days hold, but only up to
-// the year's limit. Beyond it the year wraps, and lands at another place of the cycle.
-void SkipCycles(MonthDays& date) {
-    const int wanted = date.days / kCycleDays;  // of the days' sign
-    if (wanted == 0) {
+template <int base>
+void Carry(int& low, int& high) {
+    if (static_cast<unsigned int>(low) < base) {
         return;
     }
-    const int64_t limit = wanted > 0 ? INT_MAX : INT_MIN;
-    const auto room = static_cast<int>((limit - date.year) / kCycleYears);
-    const int cycles = wanted > 0 ? std::min(wanted, room) : std::max(wanted, room);
-    date.year += cycles * kCycleYears;
-    date.days -= cycles * kCycleDays;
+    const Division parts = DivideDown<base>(low);
+    low = parts.remainder;
+    high = WrapToInt32(high + parts.quotient);
 }
 
-void StepBack(MonthDays& date) {
-    if (--date.month < 0) {
-        date.month = kMonthsPerYear - 1;
-        date.year = WrapToInt32(int64_t{date.year} - 1);
-    }
-    date.days += LengthOf(date);
+// The days of the first years of a cycle, fewer than all.
+constexpr int DaysOf(int years) {
+    return years * kYearDays + years / 4 - years / 100;
 }
 
-void StepForward(MonthDays& date) {
-    date.days -= LengthOf(date);
-    if (++date.month == kMonthsPerYear) {
-        date.month = 0;
-        date.year = WrapToInt32(int64_t{date.year} + 1);
-    }
+// The days from 0001-01-01 to 1 January of the year.
+constexpr int64_t DaysBefore(int64_t year) {
+    const Division cycle = DivideDown<400>(year - 1);
+    return cycle.quotient * k400YearDays + DaysOf(cycle.remainder);
 }
 
-// Walks to the month in which the day lies.
+// Moves the date to the month in which the day lies. The year wraps on the way, at most once,
+// and the years after that have another place in the cycle.
 void SettleMonth(MonthDays& date) {
-    SkipCycles(date);
-    while (date.days < 0) {
-        StepBack(date);
-        SkipCycles(date);  // finds work again only once the year has wrapped
+    constexpr int64_t kFirstDay = DaysBefore(INT_MIN);
+    constexpr int64_t kEndDay = DaysBefore(int64_t{INT_MAX} + 1);
+    int64_t day = DaysBefore(date.year) + DayOfYear(date.year, date.month, 0) + date.days;
+    if (day < kFirstDay) {
+        day += kEndDay - kFirstDay;
+    } else if (day >= kEndDay) {
+        day -= kEndDay - kFirstDay;
     }
-    while (date.days >= LengthOf(date)) {
-        StepForward(date);
-        SkipCycles(date);
-    }
+    const Division cycle = DivideDown<k400YearDays>(day);
+    const YearsOfCycle passed = YearsUpTo(cycle.remainder);
+    const int year = passed.years + (passed.is_last_day ? 0 : 1);  // of the cycle, from 1
+    date.year = static_cast<int>(cycle.quotient * 400 + year);
+    const int day_of_year = cycle.remainder - DaysOf(year - 1) + 1;
+    date.month = static_cast<int>(MonthOf(date.year, day_of_year));
+    date.days = day_of_year - DayOfYear(date.year, date.month, 1);
 }
 
 void Normalise(TTime* rec) {
-    Carry(rec->tm_sec, rec->tm_min, kSecondsPerMinute);
-    Carry(rec->tm_min, rec->tm_hour, kMinutesPerHour);
+    Carry<kSecondsPerMinute>(rec->tm_sec, rec->tm_min);
+    Carry<kMinutesPerHour>(rec->tm_min, rec->tm_hour);
     int days = 0;
-    Carry(rec->tm_hour, days, kHoursPerDay);
-    Carry(rec->tm_mon, rec->tm_year, kMonthsPerYear);
+    Carry<kHoursPerDay>(rec->tm_hour, days);
+    Carry<kMonthsPerYear>(rec->tm_mon, rec->tm_year);
     days = WrapToInt32(int64_t{days} + rec->tm_mday - 1);
 
-    MonthDays date = {WrapToInt32(int64_t{rec->tm_year} + kTmYearBase), rec->tm_mon, days};
-    SettleMonth(date);
+    MonthDays date = {WrapToInt32(int64_t{rec->tm_year} + kTmYearBase), rec->tm_mon + 1, days};
+    if (days < 0 || days >= _ytab[IsLeap(date.year)][rec->tm_mon]) {
+        SettleMonth(date);
+    }
     rec->tm_year = WrapToInt32(int64_t{date.year} - kTmYearBase);
-    rec->tm_mon = date.month;
+    rec->tm_mon = date.month - 1;
     rec->tm_mday = date.days + 1;
 }
 
@@ -122,23 +101,15 @@ private:
     bool counted_ = false;
 };
 
-// The days from 1970-01-01 to 1 January of the record's year.
-int DaysBeforeYear(int year, Overflow& overflow) {
+// The days from 1970-01-01 to 1 January of the year.
+int DaysSince1970(int year, Overflow& overflow) {
     const int years = WrapToInt32(int64_t{year} - kEpochYear);
-    overflow.CountIf(years > INT_MAX / kDaysPerYear);
-    const int days = WrapToInt32(int64_t{years} * kDaysPerYear);
+    overflow.CountIf(years > INT_MAX / kYearDays);
+    const int days = WrapToInt32(int64_t{years} * kYearDays);
     overflow.CountIf(WrapToInt32(int64_t{INT_MAX} - days) < years / 4 + 1);
     return WrapToInt32(int64_t{days} + (years / 4 + LeapInRemainder(year, 4)) -
                        (years / 100 + LeapInRemainder(year, 100)) +
                        (years / 400 + LeapInRemainder(year, 400)));
-}
-
-int DayOfYear(const TTime* rec, int year) {
-    int days = rec->tm_mday - 1;
-    for (int month = 0; month < rec->tm_mon; ++month) {
-        days += MonthLengths(year)[month];
-    }
-    return days;
 }
 
 // The seconds with _timezone added and, in summer time, _dstbias taken off.
@@ -163,8 +134,8 @@ time_t mktime_1(TTime* rec) {
     }
     Overflow overflow;
     const int year = WrapToInt32(int64_t{rec->tm_year} + kTmYearBase);
-    const int day_of_year = DayOfYear(rec, year);
-    int days = WrapToInt32(int64_t{DaysBeforeYear(year, overflow)} + day_of_year);
+    const int day_of_year = DayOfYear(year, rec->tm_mon + 1, rec->tm_mday) - 1;
+    int days = WrapToInt32(int64_t{DaysSince1970(year, overflow)} + day_of_year);
     overflow.CountIf(days < 0);
     rec->tm_yday = day_of_year;
     rec->tm_wday = WrapToInt32(int64_t{days} + kEpochWeekday) % kDaysPerWeek;
