@@ -1,0 +1,1 @@
+"""Measures speed and writes docs/performance.md with its plot."""
