@@ -12,10 +12,12 @@
     int Export##number(void) { \
         return number;         \
     }
-#define TEN_EXPORTS(tens)                                                           \
-    EXPORT(tens##0)                                                                 \
-    EXPORT(tens##1) EXPORT(tens##2) EXPORT(tens##3) EXPORT(tens##4) EXPORT(tens##5) \
-        EXPORT(tens##6) EXPORT(tens##7) EXPORT(tens##8) EXPORT(tens##9)
+
+/* clang-format off */
+#define TEN_EXPORTS(tens) \
+    EXPORT(tens##0) EXPORT(tens##1) EXPORT(tens##2) EXPORT(tens##3) EXPORT(tens##4) \
+    EXPORT(tens##5) EXPORT(tens##6) EXPORT(tens##7) EXPORT(tens##8) EXPORT(tens##9)
+/* clang-format on */
 
 TEN_EXPORTS(1)
 TEN_EXPORTS(2)

@@ -31,6 +31,20 @@ def show_counts(found):
               f"  goal {number(row.arm_goal()):>10}{peer}")
 
 
+def show_gaps(found):
+    """Prints what rows.ini and the programs do not agree on, and which rows lack a reason."""
+    rows_without = {
+        "not timed": [row for row in found if row.ours is None],
+        "not counted on ARM": [row for row in found if row.arm_before and row.arm is None],
+        "falls short, and rows.ini gives no remark": [
+            row for row in found
+            if row.ours and row.standing() == rows.SHORT and not (row.remark or row.bound)],
+    }
+    for gap, gap_rows in rows_without.items():
+        if gap_rows:
+            print(f"{gap}: {' '.join(row.name for row in gap_rows)}")
+
+
 def main(words):
     """Measures what the words ask for."""
     found = rows.load()
@@ -44,6 +58,7 @@ def main(words):
         return
     measure.counts(found)
     show_counts(found)
+    show_gaps(found.values())
     page.write(PAGE, found.values(), measure.REPETITIONS, INPUTS)
     plot.write(PLOT, found.values())
     print(f"written: {PAGE}, {PLOT}")

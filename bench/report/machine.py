@@ -27,7 +27,8 @@ def compiler(preset):
     files = list(Path(f"build/{preset}/CMakeFiles").glob("*/CMakeCXXCompiler.cmake"))
     program = re.search(r'CMAKE_CXX_COMPILER "(.*)"', files[0].read_text())[1]
     kind = entry("CMAKE_BUILD_TYPE")
-    return f"{first_line(program, '--version')}, {kind} ({entry(f'CMAKE_CXX_FLAGS_{kind.upper()}')})"
+    flags = entry(f"CMAKE_CXX_FLAGS_{kind.upper()}")
+    return f"{first_line(program, '--version')}, {kind} ({flags})"
 
 
 def facts():

@@ -1,7 +1,7 @@
 """The page with the tables."""
 
 from bench.report import machine
-from bench.report.rows import FLOOR, LEADS, LEVEL, SHORT, WANTED
+from bench.report.rows import EMPTY_CALL, FLOOR, LEADS, LEVEL, SHORT, WANTED
 from bench.report.texts import duration, number, table
 
 PAGE = """\
@@ -24,7 +24,7 @@ one. Every peer has given our results, for all inputs, before any time was taken
 
 The *floor* is what the documented behaviour fixes: a program that makes those calls and nothing \
 else. The *limit* is what this machine allows: the same round with an empty call in place of the \
-function, or what the row's remark says. Where a row stands: *leads* or is *level* with the best \
+function, or with what is named beside it. Where a row stands: *leads* or is *level* with the best \
 peer, within 5 %; is *within its goal*; is *at its floor*, within 7 %; or *falls short*.
 
 {times}
@@ -33,7 +33,7 @@ peer, within 5 %; is *within its goal*; is *at its floor*, within 7 %; or *falls
 Instructions per call of the terminal's build, everything that the function calls in the C library \
 included, kernel excluded. They are counted by a plugin of QEMU's user mode: a program makes N and \
 2N calls, the difference is divided by N, and the same for an empty call is taken off. So they are \
-exact, and the same on every machine. *Before* is the code that counted months one by one and \
+exact, and the same on every machine; only a log line depends a little on the time of day. *Before* is the code that counted months one by one and \
 calculated calendars in doubles.
 
 {counts}
@@ -57,6 +57,12 @@ def goal(row):
     return f"{number(row.wanted)} of {row.wanted_of}: {number(row.wanted_ratio())}"
 
 
+def limit(row):
+    """What the machine allows, named where it is no empty call."""
+    named = "" if row.limit_name == EMPTY_CALL else f" ({row.limit_name})"
+    return duration(row.shown_limit()) + named if row.shown_limit() else ""
+
+
 def remark(row):
     """What a reader must know about a row."""
     if row.remark:
@@ -72,7 +78,7 @@ def times_table(rows):
         ["Function", "Best peer", "Ours:", "Ours / best:", "Goal:", "Ours / floor:", "Limit:",
          "Standing", "Remark"],
         [[row.function, row.best(), duration(row.ours), f"**{number(row.ratio())}**", goal(row),
-          number(row.ours / row.floor) if row.floor else "", duration(row.shown_limit()), row.standing(),
+          number(row.ours / row.floor) if row.floor else "", limit(row), row.standing(),
           remark(row)] for row in rows])
 
 

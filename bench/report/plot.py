@@ -16,6 +16,13 @@ GAP = 70
 WIDTH = LABELS + PANEL + GAP + PANEL + 70
 
 
+def axis_number(tick):
+    """A tick's number: 0.05, 1, 20, 100,000, 1 million."""
+    if tick >= 1e6:
+        return f"{tick / 1e6:g} million"
+    return f"{tick:g}" if tick < 10 else f"{tick:,.0f}"
+
+
 class Axis:
     """A logarithmic axis in one panel; what lies beyond an end is drawn at it."""
 
@@ -35,7 +42,7 @@ class Axis:
             yield (f'<line x1="{x:.1f}" y1="{TOP - 6}" x2="{x:.1f}" y2="{bottom}" '
                    f'stroke="#ddd"/>')
             yield (f'<text x="{x:.1f}" y="{TOP - 10}" text-anchor="middle" fill="#666">'
-                   f'{tick:,g}</text>')
+                   f'{axis_number(tick)}</text>')
 
 
 def bar(axis, start, value, y, colour):
@@ -43,16 +50,18 @@ def bar(axis, start, value, y, colour):
     x1, x2 = sorted((axis.x(start), axis.x(value)))
     yield (f'<rect x="{x1:.1f}" y="{y + 4}" width="{max(x2 - x1, 1):.1f}" height="11" '
            f'fill="{colour}"/>')
-    yield f'<text x="{x2 + 4:.1f}" y="{y + 14}" fill="#222">{number(value)}</text>'
+    yield f'<text x="{x2 + 8:.1f}" y="{y + 14}" fill="#222">{number(value)}</text>'
 
 
 def mark(axis, value, y, shape):
     """A goal (line), a floor (diamond), a limit (circle) or what was before (open circle)."""
+    if value < axis.low:
+        return ""
     x, middle = axis.x(value), y + 9.5
     return {
         "goal": f'<line x1="{x:.1f}" y1="{y + 1}" x2="{x:.1f}" y2="{y + 18}" stroke="#000" '
                 f'stroke-width="2"/>',
-        "floor": f'<path d="M{x:.1f} {middle - 5} l5 5 l-5 5 l-5 -5 z" fill="#8e7cc3" '
+        "floor": f'<path d="M{x:.1f} {middle - 5} l5 5 l-5 5 l-5 -5 z" fill="#351c75" '
                  f'stroke="#fff"/>',
         "limit": f'<circle cx="{x:.1f}" cy="{middle}" r="3" fill="#999"/>',
         "before": f'<circle cx="{x:.1f}" cy="{middle}" r="4" fill="none" stroke="#cc4125" '

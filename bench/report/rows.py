@@ -9,6 +9,7 @@ LEADS, LEVEL, FLOOR, WANTED, SHORT = (
     "leads", "level", "at its floor", "within its goal", "falls short")
 LEVEL_WITHIN = 1.05  # nobody notices less, and a second run may differ by as much
 FLOOR_WITHIN = 1.07
+EMPTY_CALL = "an empty call"
 
 
 class Row:
@@ -28,6 +29,7 @@ class Row:
         self.peers = {}      # name: ns
         self.floor = None    # ns
         self.limit = None    # ns
+        self.limit_name = None
         self.arm = None
         self.arm_peer = None
 
@@ -40,7 +42,8 @@ class Row:
             self.floor = time_ns
         elif kind == "limit":
             # An empty call is the limit of a row that names no other.
-            self.limit = max(self.limit or 0, time_ns)
+            if name != EMPTY_CALL or self.limit is None:
+                self.limit, self.limit_name = time_ns, name
         else:
             self.peers[way] = time_ns
 
