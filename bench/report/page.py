@@ -33,8 +33,8 @@ peer, within 5 %; is *within its goal*; is *at its floor*, within 7 %; or *falls
 Instructions per call of the terminal's build, everything that the function calls in the C library \
 included, kernel excluded. They are counted by a plugin of QEMU's user mode: a program makes N and \
 2N calls, the difference is divided by N, and the same for an empty call is taken off. So they are \
-exact, and the same on every machine; only a log line depends a little on the time of day. *Before* is the code that counted months one by one and \
-calculated calendars in doubles.
+exact, and the same on every machine; only a log line depends a little on the time of day. \
+*Before* is the code that counted months one by one and calculated calendars in doubles.
 
 {counts}
 ## What is bound
