@@ -11,17 +11,26 @@
 
 namespace {
 
-// Of a copy that is aligned for 16 bits and no more, in a block of exactly its size.
-int Checksum(const std::vector<uint8_t>& bytes) {
-    constexpr size_t kShift = 2;
-    std::vector<uint8_t> copy(kShift + bytes.size());
-    std::copy(bytes.begin(), bytes.end(), copy.begin() + kShift);
-    return in_chksum(reinterpret_cast<const unsigned short*>(copy.data() + kShift),
+constexpr size_t kShifts[] = {0, 2};  // aligned for 32 bits, and for 16 bits only
+
+// Of a copy shift bytes behind the start of its block, in front of so many bytes more.
+int ChecksumAt(size_t shift, const std::vector<uint8_t>& bytes, size_t bytes_behind = 0) {
+    std::vector<uint8_t> copy(shift + bytes.size() + bytes_behind, 0xA5);
+    std::copy(bytes.begin(), bytes.end(), copy.begin() + static_cast<ptrdiff_t>(shift));
+    return in_chksum(reinterpret_cast<const unsigned short*>(copy.data() + shift),
                      static_cast<int>(bytes.size()));
 }
 
+// Of a copy that is aligned for 16 bits and no more, in a block of exactly its size.
+int Checksum(const std::vector<uint8_t>& bytes) {
+    return ChecksumAt(2, bytes);
+}
+
 void ExpectAsFolding(const std::vector<uint8_t>& bytes) {
-    ASSERT_EQ(Checksum(bytes), naive::in_chksum(bytes)) << testing::PrintToString(bytes);
+    for (const size_t shift : kShifts) {
+        ASSERT_EQ(ChecksumAt(shift, bytes), naive::in_chksum(bytes))
+            << testing::PrintToString(bytes) << " at " << shift;
+    }
 }
 
 // Fills bytes with every value that numbers of the alphabet allow.
@@ -103,9 +112,39 @@ TEST(in_chksum, AgreesWithFoldingOnEverySmallBuffer) {
     }
 }
 
+// A byte alone in a field of zeros shows when it is left out or taken for another half of a word.
+TEST(in_chksum, CountsEveryByteInItsPlace) {
+    for (size_t length = 1; length <= 130; ++length) {
+        for (size_t i = 0; i < length; ++i) {
+            std::vector<uint8_t> bytes(length, 0);
+            bytes[i] = 0x5C;
+            ExpectAsFolding(bytes);
+        }
+    }
+}
+
+TEST(in_chksum, LooksAtNoByteBesidesItsOwn) {
+    for (const size_t shift : kShifts) {
+        for (size_t length = 0; length <= 130; ++length) {
+            const std::vector<uint8_t> bytes(length, 0x11);
+            EXPECT_EQ(ChecksumAt(shift, bytes, 40), naive::in_chksum(bytes)) << length;
+        }
+    }
+}
+
+// The two zeros of ones' complement: only a sum of zeros is 0, one of 0xFFFF is 0xFFFF.
+TEST(in_chksum, TellsNothingButZerosFromNothingButOnes) {
+    for (const size_t shift : kShifts) {
+        for (size_t length = 2; length <= 260; length += 2) {
+            EXPECT_EQ(ChecksumAt(shift, std::vector<uint8_t>(length, 0x00)), 0xFFFF) << length;
+            EXPECT_EQ(ChecksumAt(shift, std::vector<uint8_t>(length, 0xFF)), 0x0000) << length;
+        }
+    }
+}
+
 TEST(in_chksum, AgreesWithFoldingOnRandomBuffers) {
     CheckRandom(10, [](Random& random) {
-        std::vector<uint8_t> bytes(static_cast<size_t>(random.Between(0, 40)));
+        std::vector<uint8_t> bytes(static_cast<size_t>(random.Between(0, 100)));
         for (uint8_t& byte : bytes) {
             byte = static_cast<uint8_t>(random.Next());
         }
@@ -119,7 +158,9 @@ TEST(in_chksum, AgreesWithFoldingOnLargeBuffers) {
                                 262'143u, 1'000'001u, 4'194'304u, 4'194'305u}) {
         for (const uint8_t fill : std::vector<uint8_t>{0xFF, 0xFE, 0x80}) {
             const std::vector<uint8_t> bytes(length, fill);
-            EXPECT_EQ(Checksum(bytes), naive::in_chksum(bytes)) << length << " of " << int{fill};
+            const int expected = naive::in_chksum(bytes);
+            EXPECT_EQ(ChecksumAt(0, bytes), expected) << length << " of " << int{fill};
+            EXPECT_EQ(ChecksumAt(2, bytes), expected) << length << " of " << int{fill};
         }
     }
 }
