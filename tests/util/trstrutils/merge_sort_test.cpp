@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <bit>
 #include <climits>
 #include <numeric>
 #include <string>
@@ -79,6 +80,25 @@ TEST(MergeSort, SortsEveryArrayOfThreeValues) {
                   std::vector<int>(sorted.begin(), sorted.end()))
             << text;
     });
+}
+
+// The last merge gets two sorted runs, of every length and in every order of taking from them.
+TEST(MergeSort, MergesRunsInEveryInterleaving) {
+    constexpr int kLeft = 8;
+    for (int right = 1; right <= kLeft; ++right) {
+        const int count = kLeft + right;
+        std::vector<int> sorted(static_cast<size_t>(count));
+        std::iota(sorted.begin(), sorted.end(), 0);
+        for (unsigned int lefts = 0; lefts < 1U << count; ++lefts) {
+            if (std::popcount(lefts) != kLeft) {
+                continue;
+            }
+            std::vector<int> array = sorted;
+            std::stable_partition(array.begin(), array.end(),
+                                  [lefts](int element) { return (lefts >> element & 1) != 0; });
+            ASSERT_EQ(Sorted(array), sorted) << testing::PrintToString(array);
+        }
+    }
 }
 
 TEST(MergeSort, SortsRandomArraysOfEveryLength) {
@@ -180,6 +200,52 @@ TEST(MergeSort, LeavesOutExactlyTheMergeWithoutMemory) {
             }
         } while (std::next_permutation(array.begin(), array.end()));
     }
+}
+
+// A run that was left unmerged is not sorted, and all merges above it have to cope.
+TEST(MergeSort, LeavesOutExactlyTheMergeWithoutMemoryOfManyElements) {
+    Random random(12);
+    for (int round = 0; round < 20'000; ++round) {
+        std::vector<int> array(static_cast<size_t>(random.Between(8, 70)));
+        for (int& element : array) {
+            element = random.Between(-20, 20);
+        }
+        const int count = static_cast<int>(array.size());
+        const int skipped = random.Between(0, static_cast<int>(naive::MergesOf(count).size()) - 1);
+        std::vector<int> partly = array;
+        {
+            const FakeHeap heap(skipped);
+            MergeSort(partly.data(), count);
+        }
+        ASSERT_EQ(partly, naive::MergeSort(array, skipped))
+            << testing::PrintToString(array) << " without merge " << skipped;
+    }
+}
+
+TEST(MergeSort, TakesTheBlocksOfASortedArrayToo) {
+    for (int count = 2; count <= 70; ++count) {
+        std::vector<int> array(static_cast<size_t>(count));
+        std::iota(array.begin(), array.end(), 0);
+        const std::vector<size_t> expected = BytesOfMerges(count);
+        const FakeHeap heap;
+        MergeSort(array.data(), count);
+        ASSERT_EQ(heap.requests(), expected) << count;
+        ASSERT_EQ(heap.live(), 0) << count;
+        ASSERT_EQ(heap.most_live(), 1) << count;
+    }
+}
+
+TEST(MergeSort, LogsAMergeWithoutMemoryAlsoOfASortedArray) {
+    std::vector<int> array = {1, 2, 3, 4};
+    CapturedLog log;
+    {
+        FakeHeap heap;
+        heap.Fail(true);
+        MergeSort(array.data(), 4);
+    }
+    EXPECT_EQ(log.Take(), std::vector<LogLine>(3, {"Warning", "trstrutils", "MergeSortByMerge",
+                                                   "Error:out of memory!"}));
+    EXPECT_EQ(array, (std::vector{1, 2, 3, 4}));
 }
 
 TEST(MergeSort, DoesNothingForNull) {
