@@ -1,5 +1,7 @@
 // Hexadecimal digits. The two functions differ in what passes as a digit; callers rely on both.
 
+#include <array>
+#include <climits>
 #include <cstdint>
 #include <cstring>
 
@@ -10,21 +12,22 @@ namespace {
 constexpr int kBase = 16;
 constexpr int kLetterValue = 10;  // of A
 
-// The digit's value. ':' to '?', which follow '9' in ASCII, are 10 to 15; other characters that
-// are no digits give a value below 0 or above 15.
-int LenientDigitValue(char character) {
-    const auto code = static_cast<unsigned char>(character);
-    if (code >= 'a') {
-        return code - 'a' + kLetterValue;
+// The values of all characters as digits, kBase for those that are none. ':' to '?', which follow
+// '9' in ASCII, are 10 to 15.
+constexpr auto kLenientValues = [] {
+    std::array<uint8_t, UCHAR_MAX + 1> values;
+    values.fill(kBase);
+    for (uint8_t value = 0; value < kBase; ++value) {
+        values['0' + value] = value;
     }
-    if (code > '@') {
-        return code - 'A' + kLetterValue;
+    for (uint8_t value = kLetterValue; value < kBase; ++value) {
+        values['A' + value - kLetterValue] = values['a' + value - kLetterValue] = value;
     }
-    return code - '0';
-}
+    return values;
+}();
 
-bool IsDigitValue(int value) {
-    return value >= 0 && value < kBase;
+int LenientValue(char character) {
+    return kLenientValues[static_cast<unsigned char>(character)];
 }
 
 // Whatever is no letter from A to F counts as a decimal digit. Unsigned: any int may come.
@@ -47,9 +50,9 @@ int Decode16(const char* hex, unsigned char* out) {
     }
     const auto pairs = static_cast<int>(strlen(hex) / 2);
     for (int i = 0; i < pairs; ++i) {
-        const int high = LenientDigitValue(hex[2 * i]);
-        const int low = LenientDigitValue(hex[2 * i + 1]);
-        if (!IsDigitValue(high) || !IsDigitValue(low)) {
+        const int high = LenientValue(*hex++);
+        const int low = LenientValue(*hex++);
+        if ((high | low) >= kBase) {
             return 0;
         }
         if (out != nullptr) {
