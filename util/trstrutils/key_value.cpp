@@ -1,6 +1,5 @@
 // The value of a key in a list of key=value items.
 
-#include <cstdio>
 #include <cstring>
 
 #include "util/digits.h"
@@ -9,24 +8,26 @@
 
 namespace {
 
-constexpr int kPatternSize = 200;  // separator, a key of up to 197 bytes, '=', terminator
+constexpr size_t kLongestKey = 197;
 constexpr int kNumberSize = 40;
 
 // Where the value of key begins, or nullptr when the list has no such key.
 const char* FindValue(const char* text, const char* key, int separator) {
-    char pattern[kPatternSize];
-    const auto length =
-        static_cast<size_t>(snprintf(pattern, sizeof pattern, "%c%s=", separator, key));
-    if (length >= sizeof pattern) {
+    const size_t key_length = strlen(key);
+    if (key_length > kLongestKey) {
         return nullptr;
     }
-    const char* const item = pattern + 1;  // for the first item, before which no separator stands
-    if (strncmp(text, item, length - 1) == 0) {
-        return text + length - 1;
+    // No separator stands before the first item.
+    if (strncmp(text, key, key_length) == 0 && text[key_length] == '=') {
+        return text + key_length + 1;
     }
+    char pattern[sizeof(char) + kLongestKey + sizeof "="];
+    pattern[0] = static_cast<char>(separator);
+    memcpy(pattern + 1, key, key_length);
+    memcpy(pattern + 1 + key_length, "=", sizeof "=");
     // A separator of 0 makes the pattern empty, which strstr finds in every text.
     const char* match = pattern[0] != '\0' ? strstr(text, pattern) : nullptr;
-    return match != nullptr ? match + length : nullptr;
+    return match != nullptr ? match + key_length + 2 : nullptr;
 }
 
 }  // namespace

@@ -190,6 +190,28 @@ TEST_F(ExtractValueTest, FindsNoKeyOver197Bytes) {
     ExpectMissing("a=0," + cut + "1", std::string(199, 'k'));
 }
 
+TEST_F(ExtractValueTest, TakesKeysAtTheVeryEnd) {
+    EXPECT_EQ(Extract("key=", "key"), 0);
+    out_.ExpectHolds(Terminated(""));
+    EXPECT_EQ(Extract("a=1,key=", "key"), 0);
+    out_.ExpectHolds(Terminated(""));
+    EXPECT_EQ(Extract("a=1,key=2", "key"), 1);
+    out_.ExpectHolds(Terminated("2"));
+}
+
+TEST_F(ExtractValueTest, FindsNoKeyThatTheTextEndsIn) {
+    for (const char* text : {"k", "ke", "key", ",", ",k", ",key", "a=1,", "a=1,ke", "a=1,key"}) {
+        ExpectMissing(text, "key");
+    }
+}
+
+TEST_F(ExtractValueTest, GoesOnBehindAFirstItemThatOnlyBeginsLikeTheKey) {
+    EXPECT_EQ(Extract("keys=1,key=22", "key"), 2);
+    out_.ExpectHolds(Terminated("22"));
+    EXPECT_EQ(Extract("key,key=22", "key"), 2);
+    out_.ExpectHolds(Terminated("22"));
+}
+
 TEST_F(ExtractValueTest, ComparesBytesAsUnsigned) {
     EXPECT_EQ(Extract("a=1\xA7"
                       "b=22\xA7"
