@@ -15,13 +15,18 @@ void TrimAroundSpace(char* text) {
     if (text == nullptr || *text == '\0') {
         return;
     }
-    size_t end = strlen(text);
-    while (end > 0 && text[end - 1] == ' ') {
+    char* start = text;
+    while (*start == ' ') {
+        ++start;
+    }
+    char* end = start + strlen(start);
+    while (end > start && end[-1] == ' ') {
         --end;
     }
-    text[end] = '\0';
-    const size_t start = strspn(text, " ");
-    memmove(text, text + start, end - start + 1);
+    *end = '\0';
+    if (start != text) {
+        memmove(text, start, static_cast<size_t>(end - start) + 1);
+    }
 }
 
 int Str2Upcase(char* text, int length) {

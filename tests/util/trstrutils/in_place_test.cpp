@@ -62,6 +62,11 @@ TEST(TrimAroundSpace, LeavesANullOrEmptyTextAlone) {
     buffer.ExpectHolds(Terminated(""));
 }
 
+TEST(TrimAroundSpace, WritesNothingToAnEmptyText) {
+    static const char kConstant[] = "";  // a write would end the test
+    TrimAroundSpace(const_cast<char*>(kConstant));
+}
+
 // The byte in front may be a space: it is not the text's.
 TEST(TrimAroundSpace, LooksAtNoByteBeforeTheText) {
     GuardedBuffer buffer(4, Terminated("  "));
@@ -116,6 +121,11 @@ TEST(Str2Upcase, LeavesEveryByteButTheTwentySixLettersAlone) {
     EXPECT_EQ(Str2Upcase(buffer.data(), 256), 0);
     bytes.replace('a', 26, "ABCDEFGHIJKLMNOPQRSTUVWXYZ");
     buffer.ExpectHolds(bytes);
+}
+
+TEST(Str2Upcase, WritesNothingToATextWithoutSmallLetters) {
+    static const char kConstant[] = "ABC`{ 1\xE1";  // a write would end the test
+    EXPECT_EQ(Str2Upcase(const_cast<char*>(kConstant), sizeof kConstant), 0);
 }
 
 TEST(Str2Upcase, LogsANullText) {
