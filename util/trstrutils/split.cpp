@@ -1,6 +1,7 @@
 // Splitting a text at the first separator.
 
 #include <algorithm>
+#include <climits>
 #include <cstddef>
 #include <cstring>
 
@@ -10,11 +11,8 @@ namespace {
 
 // The index of the first separator, or the text's length.
 size_t IndexOf(const char* text, int separator) {
-    size_t i = 0;
-    while (text[i] != '\0' && static_cast<unsigned char>(text[i]) != separator) {
-        ++i;
-    }
-    return i;
+    const bool is_byte = separator >= 0 && separator <= UCHAR_MAX;
+    return static_cast<size_t>(strchrnul(text, is_byte ? separator : '\0') - text);
 }
 
 // How many of wanted bytes fit beside the terminator; -1 where nothing may be written.
