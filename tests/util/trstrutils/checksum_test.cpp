@@ -78,6 +78,14 @@ TEST(in_chksum, AddsCarriesBackIn) {
     EXPECT_EQ(Checksum({0xFF, 0xFF, 0x01}), 0xFFFE);                    // by the odd byte
 }
 
+// A sum of 0x1FFFFFFFF: its parts make 0x1FFFF, which folds to 0x10000, and that to 1.
+TEST(in_chksum, AddsTheCarryOfACarryBackIn) {
+    const std::vector<uint8_t> bytes = {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF,
+                                        0xFF, 0xFF, 0x01, 0x00, 0x00, 0x00};
+    EXPECT_EQ(ChecksumAt(0, bytes), 0xFFFE);
+    EXPECT_EQ(ChecksumAt(2, bytes), 0xFFFE);
+}
+
 // Worked by hand: the words 4500 0073 0000 4000 4011 0000 C0A8 0001 C0A8 00C7 give B861 on the
 // wire.
 TEST(in_chksum, IsThatOfAnIpHeaderInMachineOrder) {
