@@ -1,5 +1,6 @@
 // One log line: the head, the message and a newline, straight onto the standard output stream.
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
@@ -8,11 +9,12 @@
 #include "log/levels.h"
 #include "log/log.h"
 #include "log/state.h"
+#include "util/digits.h"
 #include "util/time_units.h"
 
 namespace {
 
-constexpr int kYearSize = 5;  // four digits; a fifth is cut
+constexpr int kYearLength = 4;  // a fifth digit is cut
 constexpr int kStampSize = 1024;
 
 const char* LevelName(int bits) {
@@ -28,10 +30,15 @@ const char* LevelName(int bits) {
 void FormatStamp(char (&stamp)[kStampSize]) {
     const time_t now = time(nullptr);
     const struct tm* local = localtime(&now);
-    char year[kYearSize];
-    snprintf(year, sizeof year, "%04d", local->tm_year + kTmYearBase);
-    snprintf(stamp, sizeof stamp, "%s-%02d-%02dT%02d:%02d:%02d", year, local->tm_mon + 1,
-             local->tm_mday, local->tm_hour, local->tm_min, local->tm_sec);
+    char* end = WriteNumber<kYearLength>(stamp, local->tm_year + kTmYearBase);
+    end = std::min(end, stamp + kYearLength);
+    *end++ = '-';
+    end = WriteNumber<2>(end, local->tm_mon + 1);
+    *end++ = '-';
+    end = WriteNumber<2>(end, local->tm_mday);
+    *end++ = 'T';
+    end = WriteThree<2>(end, local->tm_hour, ':', local->tm_min, local->tm_sec);
+    *end = '\0';
 }
 
 // Kept out of PrintLog: a line that is not enabled then costs a test and a return.
