@@ -43,6 +43,15 @@ set(library_sources
     util/trstrutils/split.cpp)
 expect_listed(LIST ${library_sources} FOLDERS log splash udisk util)
 
+# A small build (MinSizeRel, as on the terminal) calls a subroutine for each division by a constant.
+# What divides, copies or compares most gets -O2 there too; the rest would only grow.
+set_source_files_properties(
+    util/digits.cpp
+    util/timeutils/calendars/gregorian.cpp
+    util/timeutils/texts/date_text.cpp
+    util/timeutils/values/mktime.cpp
+    PROPERTIES COMPILE_OPTIONS $<$<CONFIG:MinSizeRel>:-O2>)
+
 add_library(library_objects OBJECT ${library_sources})
 target_link_libraries(library_objects PRIVATE product_flags)
 # -fPIC, also for what ends in an executable: -fPIE would export copies of libc's data.
