@@ -83,8 +83,7 @@ int GpioPutBytes(const void* bytes, unsigned int count);
  *  - The region has 65 pages, the block 64: the last page is rewritten without being erased.
  *  - A page that cannot be read is rewritten as erased flash, every byte 0xFF, the number's bytes
  *    excepted. What that does to the last page, which was not erased, is up to the driver.
- *  - A text without a number counts as 0, a number beyond the range of unsigned long as its
- * largest.
+ *  - A text without a number counts as 0, one beyond the range of unsigned long as its limit.
  *  - The results of the page writes are not checked.
  *  - The pages stand on the stack: 133,120 bytes.
  */

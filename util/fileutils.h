@@ -88,8 +88,8 @@ int CopyFileContent(const char* dest, const char* src, void (*hook)(CopyStreams*
 /*
  * Appends the bytes of src to dest, creating dest when it is missing, and logs both sizes.
  *
- * Returns 1 once both files opened and the C library took every byte, else -1; -1 for a NULL path,
- * which is logged.
+ * Returns 1 once both files opened and the C library took every byte, else -1. A write that falls
+ * short and a NULL path are logged.
  *
  * Good to know:
  *  - If dest already held data the two sizes differ, "file size error" is logged, and the result is
@@ -135,7 +135,8 @@ int TrOpenFolder(const char* path);
  * records are then untouched.
  *
  * Good to know:
- *  - "." and ".." and other kinds of file are passed over, but logged.
+ *  - Each entry that has a status is logged, also "." and ".." and other kinds of file, which are
+ *    passed over.
  *  - An entry without status, such as a dangling link or a file of 2 GiB on a 32-bit target, is
  *    logged, reported on standard error and passed over.
  *  - The folder's path is cut to 255 characters, with the name to 511.
@@ -167,8 +168,8 @@ int GetFileCountOfFolder(const char* path);
  * logged. So are each entry and each command.
  *
  * Good to know:
- *  - The folder cursor is used and closed, and a folder that the caller had open is dropped. filter
- *    must not use it.
+ *  - The folder cursor is used and closed, and a folder that the caller had open is dropped, but
+ *    not for a NULL src. filter must not use it.
  *  - src with a name is cut to 79 characters, the command to 254. A cut command may fail, copy
  *    another file or copy without `sync`. Cut between the two '&' it runs in the background: it
  *    counts at once, whatever becomes of it.

@@ -14,12 +14,12 @@ namespace {
 
 constexpr const char* kLogTag = log_tag::kTrstrutils;
 
-// Two runs of numbers, each given by its first and its last one.
+// Two runs of numbers, each from its first one up to its end.
 struct Runs {
     const int* left;
-    const int* left_last;
+    const int* left_end;
     const int* right;
-    const int* right_last;
+    const int* right_end;
 };
 
 // Takes the steps smallest and the steps largest numbers off sorted runs, neither of which is
@@ -34,24 +34,24 @@ void MergeBothEnds(Runs& runs, int steps, int* out, int* out_last) {
         const bool takes_left = left <= right;
         out[i] = takes_left ? left : right;
         lefts += takes_left;
-        const int left_last = runs.left_last[-last_lefts];
-        const int right_last = runs.right_last[last_lefts - i];
+        const int left_last = runs.left_end[-last_lefts - 1];
+        const int right_last = runs.right_end[last_lefts - i - 1];
         const bool takes_left_last = left_last > right_last;
         out_last[-i] = takes_left_last ? left_last : right_last;
         last_lefts += takes_left_last;
     }
-    runs = {runs.left + lefts, runs.left_last - last_lefts, runs.right + steps - lefts,
-            runs.right_last - (steps - last_lefts)};
+    runs = {runs.left + lefts, runs.left_end - last_lefts, runs.right + (steps - lefts),
+            runs.right_end - (steps - last_lefts)};
 }
 
 // Always takes the smaller first number, also where the runs are not sorted.
 void Merge(Runs runs, int* out) {
-    while (runs.left <= runs.left_last && runs.right <= runs.right_last) {
+    while (runs.left < runs.left_end && runs.right < runs.right_end) {
         // The left one of equals: stable.
         *out++ = *runs.left <= *runs.right ? *runs.left++ : *runs.right++;
     }
-    out = std::copy(runs.left, runs.left_last + 1, out);
-    std::copy(runs.right, runs.right_last + 1, out);
+    out = std::copy(runs.left, runs.left_end, out);
+    std::copy(runs.right, runs.right_end, out);
 }
 
 // The step below, faster through runs that are sorted; the right one is then not longer than the
@@ -63,8 +63,8 @@ bool MergeSortByMerge(int* array, int lo, int mid, int hi, bool are_sorted) {
         LOG(LOG_WARNING, "Error:out of memory!");
         return false;
     }
-    Runs runs = {array + lo, array + mid, array + mid + 1, array + hi};
-    if (are_sorted && *runs.left_last <= *runs.right) {
+    Runs runs = {array + lo, array + mid + 1, array + mid + 1, array + hi + 1};
+    if (are_sorted && array[mid] <= array[mid + 1]) {
         return true;
     }
     int* const merged = static_cast<int*>(memory.Get());

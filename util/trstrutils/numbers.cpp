@@ -2,12 +2,12 @@
 
 #include <cstdint>
 
+#include "util/digits.h"
 #include "util/integers.h"
 #include "util/trstrutils.h"
 
 namespace {
 
-constexpr uint32_t kDecimalBase = 10;
 constexpr int kHalfBits = 16;
 constexpr uint32_t kHalfMask = 0xFFFF;
 
