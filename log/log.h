@@ -97,7 +97,8 @@ int SetLogProgName(const char* name);
  * Returns 1 if the thread has a name already, which it keeps; 0 if it got one now or if all five
  * places are taken. NULL takes no place.
  *
- * Good to know: once the five places are taken every thread gets 0, one that holds a place too.
+ * Good to know: once the five places are taken every thread gets 0, one that holds a place too. A
+ * place is never given back: a new thread that gets the number of an ended one has its name.
  */
 int RegisterLogThread(const char* name);
 

@@ -28,10 +28,11 @@ void PutText(char* buf, int size, const char* begin, const char* end);
 // first, the first other character ends it, and no number is 0. Stops at the limits of int.
 int ReadInt(const char* text);
 
-// A field that begins with something else than a digit.
+// As ReadInt in the first width characters of text, at most 4: for fields of any width, and for
+// those that begin with something else than a digit.
 int ReadOddField(const char* text, int width);
 
-// The same in the first width characters of text, at most 4.
+// As ReadInt in the first width characters of text, at most 4.
 template <int width>
 inline int ReadField(const char* text) {
     int number = 0;

@@ -9,12 +9,13 @@
  *
  * NULL never ends the caller, but for the arguments of DeFormatDate and the record of StrTimeToTm.
  * An output that is NULL is left out and the others are written; a function that returns its
- * argument returns NULL; one without result does nothing. Where NULL has another result, the
- * function says so. Only TTimeToStrTime and set_mac_addr log a NULL.
+ * argument returns NULL; without a text to read or a place to write to, nothing is done. Where NULL
+ * has another result, the function says so. Only TTimeToStrTime and set_mac_addr log a NULL.
  *
  * The local times go through the C library's one shared record, that of localtime: every function
- * of the clock that reads the time, GetLocalTime, DecodeTime, SecToHMTime and SecToYMDTime
- * overwrite it, and so does any log line that is enabled. They are not for two threads at once.
+ * that reads the clock as a text or a record, GetLocalTime, DecodeTime, SecToHMTime and
+ * SecToYMDTime overwrite it, and so does any log line that is enabled. They are not for two threads
+ * at once.
  *
  * A seconds count is the signed 32-bit number of seconds since 1970-01-01 00:00:00, -1 for a time
  * that it cannot hold. Where time_t is wider, results are extended with their sign and of arguments

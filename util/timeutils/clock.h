@@ -70,7 +70,8 @@ int GetLocalTime(int calendar_mode, TTime* out);
  *    seconds of the wall clock only: the rest may be up to a second too long or too short.
  *  - A clock that was set meanwhile counts at the next signal. Set back by less than has passed, it
  *    makes the rest longer; set forward by less than ms, shorter; set back to before the start, or
- *    forward by more than ms, it ends the sleep there.
+ *    forward by more than ms, it ends the sleep there. A shift by a multiple of 2^32 ms, about 49.7
+ *    days, is not noticed.
  *  - Without a signal the clock does not matter.
  */
 void Trmmsleep(unsigned int ms);

@@ -15,7 +15,7 @@ extern "C" {
 /*
  * Reads six groups of hexadecimal digits, separated by colons, into the 6 bytes at out.
  *
- * Returns 0, or -1 for a malformed text or NULL, which leave out as it was.
+ * Returns 0, or -1 for a malformed or NULL text, which leaves out as it was.
  *
  * Good to know: a group may have one digit, none (0), or more than two if its value is at most 255.
  * The value wraps at 32 bits and may be negative: "ffffffff" gives the byte ff. What follows a

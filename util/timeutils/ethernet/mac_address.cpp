@@ -109,15 +109,15 @@ int GetMac(void* buf, int size, int form) {
         LOG(LOG_WARNING, "Buffer Length too small");
         return 0;
     }
-    if (buf == nullptr && size > 0) {
-        return 0;
-    }
     UniqueFd socket_fd(OpenSocket());
     unsigned char mac[kMacSize];
     const int result = ReadMac(socket_fd.Get(), RequestFor(kInterface), mac);
     socket_fd.Reset(-1);
     if (result != 0) {
         LOG(LOG_WARNING, "get mac error:%m");
+        return 0;
+    }
+    if (buf == nullptr && size > 0) {
         return 0;
     }
     if (form == kFormText) {

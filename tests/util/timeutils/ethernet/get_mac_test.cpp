@@ -158,7 +158,7 @@ TEST(GetMac, IssuesTheRequestAlsoWithoutASocket) {
     EXPECT_EQ(log.Take(), std::vector{Line("get mac error:Bad file descriptor")});
 }
 
-TEST(GetMac, WithoutABufferTestsTheSizeAndAsksNobody) {
+TEST(GetMac, WithoutABufferGives0AfterTheReading) {
     FakeInterface interface;
     CapturedLog log;
     EXPECT_EQ(GetMac(nullptr, 17, kText), 0);
@@ -167,7 +167,11 @@ TEST(GetMac, WithoutABufferTestsTheSizeAndAsksNobody) {
     EXPECT_EQ(GetMac(nullptr, 6, kFullBytes), 0);
     EXPECT_EQ(GetMac(nullptr, 1, 0), 0);
     EXPECT_EQ(log.TakeText(), "");
-    EXPECT_EQ(interface.calls, Calls{});
+    EXPECT_EQ(interface.calls.size(), 3 * kOneReading.size());
+    interface.all_gets_fail = true;
+    interface.get_error = ENODEV;
+    EXPECT_EQ(GetMac(nullptr, 18, kText), 0);
+    EXPECT_EQ(log.Take(), std::vector{Line("get mac error:No such device")});
 }
 
 TEST(GetMac, OfNoBytesNeedsNoBuffer) {
