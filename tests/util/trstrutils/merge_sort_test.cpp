@@ -37,6 +37,17 @@ std::vector<int> Falling(int count) {
     return array;
 }
 
+// In the order of the merges, each freed before the next.
+void ExpectOneBlockPerMerge(std::vector<int> array) {
+    const auto count = static_cast<int>(array.size());
+    const std::vector<size_t> expected = BytesOfMerges(count);
+    const FakeHeap heap;
+    MergeSort(array.data(), count);
+    EXPECT_EQ(heap.requests(), expected) << count;
+    EXPECT_EQ(heap.live(), 0) << count;
+    EXPECT_EQ(heap.most_live(), 1) << count;
+}
+
 }  // namespace
 
 TEST(MergeSort, SortsBySignedValue) {
@@ -139,13 +150,7 @@ TEST(MergeSort, DoublesTheRunsAndSkipsASortedRemainder) {
 
 TEST(MergeSort, TakesOneBlockPerMergeAndFreesItBeforeTheNext) {
     for (int count = 2; count <= 70; ++count) {
-        std::vector<int> array = Falling(count);
-        const std::vector<size_t> expected = BytesOfMerges(count);
-        const FakeHeap heap;
-        MergeSort(array.data(), count);
-        ASSERT_EQ(heap.requests(), expected) << count;
-        ASSERT_EQ(heap.live(), 0) << count;
-        ASSERT_EQ(heap.most_live(), 1) << count;
+        ExpectOneBlockPerMerge(Falling(count));
     }
 }
 
@@ -226,12 +231,7 @@ TEST(MergeSort, TakesTheBlocksOfASortedArrayToo) {
     for (int count = 2; count <= 70; ++count) {
         std::vector<int> array(static_cast<size_t>(count));
         std::iota(array.begin(), array.end(), 0);
-        const std::vector<size_t> expected = BytesOfMerges(count);
-        const FakeHeap heap;
-        MergeSort(array.data(), count);
-        ASSERT_EQ(heap.requests(), expected) << count;
-        ASSERT_EQ(heap.live(), 0) << count;
-        ASSERT_EQ(heap.most_live(), 1) << count;
+        ExpectOneBlockPerMerge(array);
     }
 }
 
