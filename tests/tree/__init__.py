@@ -1,0 +1,1 @@
+"""Checks of the tree and of its documents."""
