@@ -54,7 +54,7 @@ bool Append(PartitionEntry*& list, size_t count, const char* name, int32_t size_
 
 PartitionEntry* readPartitionList() {
     UniqueMemory buffer(nullptr);  // declared first: the stream uses it until it is closed
-    UniqueFile file(fopen(kPartitionsFile, "r"));
+    const UniqueFile file(fopen(kPartitionsFile, "r"));
     if (!file) {
         LOG(LOG_WARNING, "failed to open /proc/partitions");
         return nullptr;
