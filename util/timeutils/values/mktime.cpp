@@ -135,7 +135,7 @@ time_t mktime_1(TTime* rec) {
     Overflow overflow;
     const int year = WrapToInt32(int64_t{rec->tm_year} + kTmYearBase);
     const int day_of_year = DayOfYear(year, rec->tm_mon + 1, rec->tm_mday) - 1;
-    int days = WrapToInt32(int64_t{DaysSince1970(year, overflow)} + day_of_year);
+    const int days = WrapToInt32(int64_t{DaysSince1970(year, overflow)} + day_of_year);
     overflow.CountIf(days < 0);
     rec->tm_yday = day_of_year;
     rec->tm_wday = WrapToInt32(int64_t{days} + kEpochWeekday) % kDaysPerWeek;
