@@ -66,7 +66,7 @@ int in_chksum(const unsigned short* buffer, int length) {
         sum = *buffer++;
         length -= 2;
     }
-    auto pair = reinterpret_cast<const WordPair*>(buffer);
+    const auto* pair = reinterpret_cast<const WordPair*>(buffer);
     for (; length >= kBlockBytes; length -= kBlockBytes) {
         sum += SumOfBlock(pair);
         pair += kBlockPairs;
