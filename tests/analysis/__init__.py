@@ -1,0 +1,1 @@
+"""Whether the analysers would see a fault."""
