@@ -95,7 +95,7 @@ def differences(edits, source):
         tool = folder / "tool.exe"
         subprocess.run((c_compiler, "-pie", *others, built, troption, "-lm", "-o", tool,
                         f"-Wl,--dynamic-list={folder}/{EXPORTS_LIST},--as-needed"), check=True)
-        return (lock.EXPORTS.differences(tool, folder) + lock.CONSTANTS.differences(library, folder))
+        return lock.EXPORTS.differences(tool, folder) + lock.CONSTANTS.differences(library, folder)
 
 
 class Breaks(unittest.TestCase):
