@@ -1,0 +1,60 @@
+# The unit tests once more, where faults show that an ordinary run hides. Nothing of this is built or
+# run but by script/sanitize: ctest takes these tests only with the configuration that they name.
+add_custom_target(sanitized_tests)
+
+# Millions of sums and dates in registers would take half an hour under valgrind. What reads or
+# writes texts and buffers stays in.
+set(arithmetic *OfTheFormulas* mktime_1.AgreesWithTheNaiveOne* Icu.AgreesOn* DivideDown.* WrapToInt32.*
+               WriteNumber.WritesAsPrintfDoes)
+list(JOIN arithmetic : arithmetic)
+
+# On ARM undefined behaviour is looked for in the product alone, so that the tests need no second
+# compilation. Undefined behaviour of the tests is found on the host.
+if(CMAKE_CROSSCOMPILING)
+    list(TRANSFORM library_sources PREPEND ${PROJECT_SOURCE_DIR}/ OUTPUT_VARIABLE ubsan_sources)
+    add_library(ubsan_objects OBJECT ${ubsan_sources})
+    target_link_libraries(ubsan_objects PRIVATE product_flags)
+    target_compile_options(ubsan_objects PRIVATE -O1 -g1 -fsanitize=undefined -fno-sanitize-recover=all)
+    set_target_properties(ubsan_objects PROPERTIES POSITION_INDEPENDENT_CODE ON EXCLUDE_FROM_ALL ON)
+endif()
+
+# The objects of the product stand first: of an inline function the linker takes the first copy.
+function(add_ubsan_test name)
+    add_executable(${name}_ubsan EXCLUDE_FROM_ALL $<TARGET_OBJECTS:ubsan_objects>
+                                                  $<TARGET_OBJECTS:${name}>)
+    target_link_libraries(${name}_ubsan PRIVATE $<TARGET_PROPERTY:${name},LINK_LIBRARIES> atomic)
+    target_link_options(${name}_ubsan PRIVATE $<TARGET_PROPERTY:${name},LINK_OPTIONS>
+                        -fsanitize=undefined)
+    add_dependencies(sanitized_tests ${name}_ubsan)
+    add_test(NAME ${name}_ubsan COMMAND ${name}_ubsan CONFIGURATIONS sanitized)
+endfunction()
+
+function(add_valgrind_test name)
+    add_dependencies(sanitized_tests ${name})
+    add_test(NAME ${name}_valgrind
+             COMMAND valgrind --quiet --error-exitcode=99 --leak-check=full
+                     --errors-for-leak-kinds=definite --show-leak-kinds=definite
+                     --suppressions=${PROJECT_SOURCE_DIR}/tests/valgrind.supp
+                     $<TARGET_FILE:${name}> --gtest_filter=-${arithmetic}
+             CONFIGURATIONS sanitized)
+endfunction()
+
+# What the headers let several threads do at once, and the log.
+function(add_threads_test name)
+    add_dependencies(sanitized_tests ${name})
+    add_test(NAME ${name}_tsan COMMAND ${name} CONFIGURATIONS sanitized)
+    set_tests_properties(
+        ${name}_tsan PROPERTIES ENVIRONMENT TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/tsan.supp)
+endfunction()
+
+# add_sanitized_test(NAME): on ARM with UndefinedBehaviorSanitizer, on the host under valgrind, in a
+# build with ThreadSanitizer as it is.
+function(add_sanitized_test name)
+    if(CMAKE_CROSSCOMPILING)
+        add_ubsan_test(${name})
+    elseif(NOT ORVATOOL_SANITIZE)
+        add_valgrind_test(${name})
+    elseif(ORVATOOL_SANITIZE STREQUAL "thread" AND name MATCHES "^(log|threads)_test$")
+        add_threads_test(${name})
+    endif()
+endfunction()
