@@ -43,8 +43,6 @@ endfunction()
 function(add_threads_test name)
     add_dependencies(sanitized_tests ${name})
     add_test(NAME ${name}_tsan COMMAND ${name} CONFIGURATIONS sanitized)
-    set_tests_properties(
-        ${name}_tsan PROPERTIES ENVIRONMENT TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/tsan.supp)
 endfunction()
 
 # add_sanitized_test(NAME): on ARM with UndefinedBehaviorSanitizer, on the host under valgrind, in a
