@@ -1,64 +1,109 @@
 """USB sticks: disk images, written and read back without being root."""
 
+import hashlib
 import os
 import struct
 import subprocess
+from collections import Counter
 from pathlib import Path
 
-SECTOR = 512
-PARTITION_SECTORS = 32768  # 16 MiB
-FIRST_SECTOR = 2048
-TYPE_FAT16, TYPE_LINUX = 0x0E, 0x83
+from board import partition_tables
+from board.partition_tables import FIRST_SECTOR, SECTOR
+
+MIB = 1024 * 1024
 NOTES = "notes.txt"  # every stick that is FAT has a file already
-PARTITION_TABLE = 446  # where it begins in the first sector
+# What makes each file system in an empty file.
+FORMATS = {
+    "fat12": ("mkfs.vfat", "--mbr=n", "-F", "12"),
+    "fat16": ("mkfs.vfat", "--mbr=n", "-F", "16"),
+    "fat32": ("mkfs.vfat", "--mbr=n", "-F", "32", "-s", "1"),  # with 33 MiB at least
+    "ext4": ("mkfs.ext4", "-q", "-F"),
+    "ntfs": ("mkntfs", "--quick", "--force"),
+    "exfat": ("mkfs.exfat",),
+    "zeros": ("true",),
+}
+SHORT = {True: "fat16", False: "zeros"}
+
+
+def attempt(*words, data=None):
+    """Runs a tool on an image."""
+    environment = {**os.environ, "MTOOLSRC": "/dev/null", "MTOOLS_SKIP_CHECK": "1"}
+    return subprocess.run(words, input=data, env=environment, check=False,
+                          stdout=subprocess.PIPE, stderr=subprocess.PIPE)
 
 
 def run(*words, data=None):
-    """Runs a tool on an image and returns what it prints."""
-    environment = {**os.environ, "MTOOLSRC": "/dev/null", "MTOOLS_SKIP_CHECK": "1"}
-    answer = subprocess.run(words, input=data, env=environment, check=False,
-                            stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+    """Runs a tool on an image, which has to succeed, and returns what it prints."""
+    answer = attempt(*words, data=data)
     if answer.returncode != 0:
         raise AssertionError(f"{words}: {(answer.stdout + answer.stderr).decode()}")
     return answer.stdout
 
 
 class Stick:
-    """A stick of FAT partitions (True) and of others (False); no partitions: FAT on the whole."""
+    """A stick of partitions: each a name from FORMATS, or True for FAT, or False for an empty one.
 
-    def __init__(self, image, *partitions, fault=None, read_only=False):
+    Without partitions, the whole stick is one file system: FAT, or what `whole` says. With both,
+    `whole` is left over from before the stick was partitioned.
+    """
+
+    def __init__(self, image, *partitions, whole=None, mib=16, gpt=False, fault=None,
+                 read_only=False):
         self.image = Path(image)
         self._fault = fault
         self._read_only = read_only
+        self._partition_bytes = mib * MIB
+        self._formats = {number: SHORT.get(each, each)
+                         for number, each in enumerate(partitions, 1)}
+        if not partitions or whole:
+            self._formats[0] = whole or "fat16"
         self._partitions = len(partitions)
-        sectors = FIRST_SECTOR + max(1, len(partitions)) * PARTITION_SECTORS
+        size = FIRST_SECTOR * SECTOR + max(1, len(partitions)) * self._partition_bytes
         with open(self.image, "wb") as file:
-            file.truncate(sectors * SECTOR)
-        if not partitions:
-            run("mkfs.vfat", "--mbr=n", str(self.image))
-            self.write(NOTES, b"mine")
-            return
-        for number, fat in enumerate(partitions, 1):
-            if fat:
-                self._format(number)
-        self._write_table(partitions)
+            file.truncate(size + gpt * MIB)  # its copy stands at the end
+        for number in sorted(self._formats):
+            self._format(number)
+        if partitions:
+            with open(self.image, "r+b") as file:
+                write = partition_tables.write_gpt if gpt else partition_tables.write_mbr
+                write(file, [(self._start(number) // SECTOR, self._partition_bytes // SECTOR,
+                              number in self.fat()) for number in range(1, len(partitions) + 1)])
 
-    def _first_sector(self, number):
-        return FIRST_SECTOR + (number - 1) * PARTITION_SECTORS if number else 0
+    def _start(self, number):
+        return FIRST_SECTOR * SECTOR + (number - 1) * self._partition_bytes if number else 0
+
+    def _bytes(self, number):
+        return self._partition_bytes if number else self.image.stat().st_size
+
+    def mib(self, number=0):
+        """The size of a partition, or of the whole stick."""
+        return self._bytes(number) // MIB
+
+    def fat(self):
+        """The numbers of the partitions that are FAT; 0 is the whole stick."""
+        return [number for number, form in self._formats.items() if form.startswith("fat")]
 
     def _format(self, number):
-        run("mkfs.vfat", "-F", "16", "--offset", str(self._first_sector(number)),
-            str(self.image), str(PARTITION_SECTORS * SECTOR // 1024))
-        self.write(NOTES, b"mine", number)
+        volume = self.image.with_suffix(".volume")
+        with open(volume, "wb") as file:
+            file.truncate(self._bytes(number))
+        run(*FORMATS[self._formats[number]], str(volume))
+        self.put(0, volume.read_bytes(), number)
+        volume.unlink()
+        if number in self.fat():
+            self.write(NOTES, b"mine", number)
 
-    def _write_table(self, partitions):
+    def put(self, offset, data, partition=0):
+        """Writes bytes over those at an offset of a partition."""
         with open(self.image, "r+b") as file:
-            file.seek(PARTITION_TABLE)
-            for number, fat in enumerate(partitions, 1):
-                file.write(struct.pack("<B3xB3xII", 0, TYPE_FAT16 if fat else TYPE_LINUX,
-                                       self._first_sector(number), PARTITION_SECTORS))
-            file.seek(SECTOR - 2)
-            file.write(b"\x55\xaa")
+            file.seek(self._start(partition) + offset)
+            file.write(data)
+
+    def get(self, offset, size, partition=0):
+        """Bytes at an offset of a partition."""
+        with open(self.image, "rb") as file:
+            file.seek(self._start(partition) + offset)
+            return file.read(size)
 
     def names(self, disk):
         """The devices that the kernel registers for this stick when it is the disk `disk`."""
@@ -72,7 +117,7 @@ class Stick:
         return {"driver": "raw", "node-name": name, "file": file, "read-only": self._read_only}
 
     def _volume(self, partition):
-        return f"{self.image}@@{self._first_sector(partition) * SECTOR}"
+        return f"{self.image}@@{self._start(partition)}"
 
     def files(self, partition=0):
         """The path of every file and folder; those of folders end in a slash."""
@@ -91,20 +136,52 @@ class Stick:
         """Makes a folder."""
         run("mmd", "-i", self._volume(partition), f"::/{path}")
 
-    def fill(self, partition=0):
-        """Fills the file system up to its last cluster."""
+    def cluster_bytes(self, partition=0):
+        """The size of a cluster."""
+        sector_bytes, sectors = struct.unpack("<HB", self.get(11, 3, partition))
+        return sector_bytes * sectors
+
+    def fill(self, partition=0, but_clusters=0):
+        """Fills the file system up to its last clusters."""
         summary = run("mdir", "-i", self._volume(partition), "::").decode().splitlines()[-2]
         free, text = summary.split("bytes")
         assert text == " free", summary
-        self.write("filler", bytes(int(free.replace(" ", ""))), partition)
+        left = but_clusters * self.cluster_bytes(partition)
+        self.write("filler", bytes(int(free.replace(" ", "")) - left), partition)
+
+    def _fsck(self, partition):
+        volume = self.image.with_suffix(".volume")
+        volume.write_bytes(self.get(0, self._bytes(partition), partition))
+        answer = attempt("fsck.fat", "-n", str(volume))
+        volume.unlink()
+        return answer
 
     def check(self, partition=0):
         """Raises an error unless the file system is whole and was unmounted in order."""
-        start = self._first_sector(partition) * SECTOR
-        with open(self.image, "rb") as file:
-            file.seek(start)
-            content = file.read(PARTITION_SECTORS * SECTOR if partition else -1)
-        volume = self.image.with_suffix(".volume")
-        volume.write_bytes(content)
-        run("fsck.fat", "-n", str(volume))
-        volume.unlink()
+        answer = self._fsck(partition)
+        if answer.returncode != 0:
+            raise AssertionError(answer.stdout.decode())
+
+    def findings(self):
+        """How often fsck.fat says what of which path, of each FAT file system."""
+        found = Counter()
+        for partition in self.fat():
+            path = ""
+            for line in self._fsck(partition).stdout.decode(errors="replace").splitlines()[1:-1]:
+                path = line if line.startswith("/") else path if line.startswith("  ") else ""
+                found[partition, path, line.strip()] += 1
+        return found
+
+    def digests(self):
+        """What tells each file of the FAT file systems, and each other part as a whole."""
+        found = {}
+        for number in sorted(self._formats.keys() | {0}):
+            if number in self.fat():
+                for path in self.files(number):
+                    content = attempt("mtype", "-i", self._volume(number), f"::/{path}")
+                    found[number, path] = hashlib.sha256(content.stdout).hexdigest()
+            else:
+                # In front of the first partition is the table.
+                size = self._bytes(number) if number in self._formats else FIRST_SECTOR * SECTOR
+                found[number, ""] = hashlib.sha256(self.get(0, size, number)).hexdigest()
+        return found
