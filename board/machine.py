@@ -10,6 +10,8 @@ HARDWARE = (
     # No SuperSpeed ports: a stick on one is not on bus 1, where the tool looks for it.
     "-device", "qemu-xhci,id=usb,p2=15,p3=0",
     "-device", "virtio-serial-pci",
+    # How many reads and writes a slow stick does in a second.
+    "-object", "throttle-group,id=slow,x-iops-total=30",
     # A network card whose cable ends in a hub with no other port.
     "-netdev", "hubport,id=net,hubid=0", "-device", "virtio-net-pci,netdev=net,romfile=",
 )

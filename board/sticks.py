@@ -2,6 +2,7 @@
 
 import hashlib
 import os
+import re
 import struct
 import subprocess
 from collections import Counter
@@ -25,16 +26,20 @@ FORMATS = {
 SHORT = {True: "fat16", False: "zeros"}
 
 
-def attempt(*words, data=None):
-    """Runs a tool on an image."""
+def _answer(*words, data=None):
     environment = {**os.environ, "MTOOLSRC": "/dev/null", "MTOOLS_SKIP_CHECK": "1"}
     return subprocess.run(words, input=data, env=environment, check=False,
                           stdout=subprocess.PIPE, stderr=subprocess.PIPE)
 
 
+def attempt(*words):
+    """Runs a tool on an image that may be damaged, and returns what it prints."""
+    return _answer(*words).stdout
+
+
 def run(*words, data=None):
     """Runs a tool on an image, which has to succeed, and returns what it prints."""
-    answer = attempt(*words, data=data)
+    answer = _answer(*words, data=data)
     if answer.returncode != 0:
         raise AssertionError(f"{words}: {(answer.stdout + answer.stderr).decode()}")
     return answer.stdout
@@ -47,12 +52,14 @@ class Stick:
     `whole` is left over from before the stick was partitioned.
     """
 
-    def __init__(self, image, *partitions, whole=None, mib=16, gpt=False, fault=None,
-                 read_only=False):
+    def __init__(self, image, *partitions, whole=None, mib=16, gpt=False, options=(),
+                 fault=None, read_only=False, slow=False):
         self.image = Path(image)
-        self._fault = fault
+        self.fault = fault  # how the emulator's blkdebug fails
         self._read_only = read_only
+        self._slow = slow
         self._partition_bytes = mib * MIB
+        self._options = options
         self._formats = {number: SHORT.get(each, each)
                          for number, each in enumerate(partitions, 1)}
         if not partitions or whole:
@@ -87,7 +94,7 @@ class Stick:
         volume = self.image.with_suffix(".volume")
         with open(volume, "wb") as file:
             file.truncate(self._bytes(number))
-        run(*FORMATS[self._formats[number]], str(volume))
+        run(*FORMATS[self._formats[number]], *self._options, str(volume))
         self.put(0, volume.read_bytes(), number)
         volume.unlink()
         if number in self.fat():
@@ -105,6 +112,10 @@ class Stick:
             file.seek(self._start(partition) + offset)
             return file.read(size)
 
+    def truncate(self, mib):
+        """Cuts the stick off, whatever is on it."""
+        os.truncate(self.image, mib * MIB)
+
     def names(self, disk):
         """The devices that the kernel registers for this stick when it is the disk `disk`."""
         return [disk] + [f"{disk}{number}" for number in range(1, self._partitions + 1)]
@@ -112,16 +123,18 @@ class Stick:
     def block_device(self, name):
         """The emulator's description of this stick as a block device."""
         file = {"driver": "file", "filename": str(self.image)}
-        if self._fault:
-            file = {"driver": "blkdebug", "image": file, "inject-error": [self._fault]}
+        if self.fault:
+            file = {"driver": "blkdebug", "image": file, **self.fault}
+        if self._slow:
+            file = {"driver": "throttle", "throttle-group": "slow", "file": file}
         return {"driver": "raw", "node-name": name, "file": file, "read-only": self._read_only}
 
     def _volume(self, partition):
         return f"{self.image}@@{self._start(partition)}"
 
-    def files(self, partition=0):
+    def files(self, partition=0, tool=run):
         """The path of every file and folder; those of folders end in a slash."""
-        listing = run("mdir", "-i", self._volume(partition), "-b", "-/", "-a", "::")
+        listing = tool("mdir", "-i", self._volume(partition), "-b", "-/", "-a", "::")
         return [line.removeprefix("::/") for line in listing.decode().splitlines()]
 
     def read(self, path, partition=0):
@@ -135,6 +148,26 @@ class Stick:
     def make_folder(self, path, partition=0):
         """Makes a folder."""
         run("mmd", "-i", self._volume(partition), f"::/{path}")
+
+    def set_read_only(self, path, partition=0):
+        """Gives a file the attribute that forbids writing."""
+        run("mattrib", "+r", "-i", self._volume(partition), f"::/{path}")
+
+    def first_cluster(self, path, partition=0):
+        """The number of the cluster in which a file or folder begins."""
+        shown = run("mshowfat", "-i", self._volume(partition), f"::/{path}")
+        return int(re.search(rb"<(\d+)", shown)[1])
+
+    def tables(self, partition=0):
+        """Where each table of clusters begins, and the bytes of one."""
+        reserved, count, sectors = struct.unpack("<HB5xH", self.get(14, 10, partition))
+        sectors = sectors or struct.unpack("<I", self.get(36, 4, partition))[0]  # FAT32
+        return [(reserved + table * sectors) * SECTOR for table in range(count)], sectors * SECTOR
+
+    def root_folder(self, partition=0):
+        """Where the root folder begins, on FAT12 and FAT16."""
+        tables, size = self.tables(partition)
+        return tables[-1] + size
 
     def cluster_bytes(self, partition=0):
         """The size of a cluster."""
@@ -152,7 +185,7 @@ class Stick:
     def _fsck(self, partition):
         volume = self.image.with_suffix(".volume")
         volume.write_bytes(self.get(0, self._bytes(partition), partition))
-        answer = attempt("fsck.fat", "-n", str(volume))
+        answer = _answer("fsck.fat", "-n", str(volume))
         volume.unlink()
         return answer
 
@@ -177,9 +210,10 @@ class Stick:
         found = {}
         for number in sorted(self._formats.keys() | {0}):
             if number in self.fat():
-                for path in self.files(number):
-                    content = attempt("mtype", "-i", self._volume(number), f"::/{path}")
-                    found[number, path] = hashlib.sha256(content.stdout).hexdigest()
+                for path in self.files(number, attempt):
+                    content = b"" if path.endswith("/") else attempt(
+                        "mtype", "-i", self._volume(number), f"::/{path}")
+                    found[number, path] = hashlib.sha256(content).hexdigest()
             else:
                 # In front of the first partition is the table.
                 size = self._bytes(number) if number in self._formats else FIRST_SECTOR * SECTOR

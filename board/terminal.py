@@ -131,6 +131,16 @@ class Terminal:
                                       drive=name, **options)
         self._plugged.append(name)
 
+    def plug_in_reader(self, stick):
+        """Plugs a card reader in. Its medium, the stick, is gone before the kernel sees it."""
+        self._machine.control.execute("stop")
+        self.plug_in(stick, removable=True)
+        name = self._plugged[-1]
+        disk = f"/machine/peripheral/{name}/{name}.0/legacy[0]"
+        self._machine.control.execute("blockdev-open-tray", id=disk, force=True)
+        self._machine.control.execute("blockdev-remove-medium", id=disk)
+        self._machine.control.execute("cont")
+
     def unplug(self):
         """Pulls the stick out that was plugged in last."""
         name = self._plugged.pop()

@@ -3,29 +3,12 @@
 import random
 
 from board.sticks import MIB
-from board.terminal import SERIAL
-from board.tests.support.faults import EXPORT, FaultTest
-from tests.support import tool
+from board.tests.support.faults import EXPORT
+from board.tests.support.media import MediaTest, log_of
 from tests.support.faults import fault
 
 
-class Layouts(FaultTest):
-
-    def assert_exported(self, stick, partition, *refused):
-        """Runs the tool: these devices are refused, then a partition of the stick gets the log."""
-        self.plug(stick)
-        device = f"sda{partition or ''}"
-        self.assertEqual(self.run_row(
-            tool.RELEASED_NOTHING, tool.MADE_MOUNT_POINT, *map(tool.refused, refused),
-            tool.mounted(device, stick.mib(partition)),
-            tool.exported(SERIAL, tool.NO_SUCH_FILE)).errors, "")
-        self.assertEqual(stick.read(EXPORT, partition).decode(), self.version())
-
-    def assert_refused(self, stick, *refused):
-        """Runs the tool: no device is mounted."""
-        self.plug(stick)
-        self.run_row(tool.RELEASED_NOTHING, tool.MADE_MOUNT_POINT, *map(tool.refused, refused),
-                     tool.NOTHING_MOUNTED)
+class Layouts(MediaTest):
 
     @fault("Media", "FAT12 on the whole stick")
     def test_fat12(self):
@@ -41,28 +24,28 @@ class Layouts(FaultTest):
 
     @fault("Media", "old partition table (MBR) with one FAT partition")
     def test_one_partition(self):
-        self.assert_exported(self.stick(True), 1, "sda")
+        self.assert_exported(self.stick(True))
 
     @fault("Media", "old partition table (MBR) with two FAT partitions: the first gets the log")
     def test_two_partitions(self):
-        self.assert_exported(self.stick(True, True), 1, "sda")
+        self.assert_exported(self.stick(True, True))
 
     @fault("Media", "GUID partition table (GPT)")
     def test_gpt(self):
-        self.assert_exported(self.stick(True, gpt=True), 1, "sda")
+        self.assert_exported(self.stick(True, gpt=True))
 
     @fault("Media", "first partition ext4, second FAT")
     def test_ext4_before_fat(self):
-        self.assert_exported(self.stick("ext4", True), 2, "sda", "sda1")
+        self.assert_exported(self.stick("ext4", True), 2, refused=("sda", "sda1"))
 
     @fault("Media", "first partition NTFS, second FAT")
     def test_ntfs_before_fat(self):
-        self.assert_exported(self.stick("ntfs", True), 2, "sda", "sda1")
+        self.assert_exported(self.stick("ntfs", True), 2, refused=("sda", "sda1"))
 
     @fault("Media", "16 candidates: a disk with 15 partitions, of which the last one is FAT")
     def test_16_candidates(self):
         stick = self.stick(*["zeros"] * 14, "fat12", gpt=True, mib=1)
-        self.assert_exported(stick, 15, "sda", *(f"sda{number}" for number in range(1, 15)))
+        self.assert_exported(stick, 15, refused=stick.names("sda")[:-1])
 
     @fault("Media", "exFAT on the whole stick")
     def test_exfat(self):
@@ -81,3 +64,20 @@ class Layouts(FaultTest):
         stick = self.stick(whole="zeros", mib=1)
         stick.put(0, random.Random(10).randbytes(stick.mib() * MIB))
         self.assert_refused(stick, "sda")
+
+    @fault("Media", "two sticks: the first gets the log")
+    def test_two_sticks(self):
+        first, second = self.stick(True), self.stick(True, name="second")
+        self.plug(first)
+        self.plug(second)
+        self.run_mounting(*log_of(first))
+        self.assert_log_on(first, 1)
+        self.assertNotIn(EXPORT, second.files(1))
+
+    @fault("Media", "two sticks, the first unusable: the second gets the log")
+    def test_first_of_two_sticks_is_not_fat(self):
+        first, second = self.stick(False), self.stick(name="second")
+        self.plug(first)
+        self.plug(second)
+        self.run_mounting(*log_of(second, 0, disk="sdb", refused=first.names("sda")))
+        self.assert_log_on(second, 0)

@@ -51,6 +51,11 @@ class FaultTest(BoardTest):
         self.remember(stick)
         self.terminal.plug(stick, **options)
 
+    def unplug(self):
+        """Pulls the stick out that was plugged in last; it counts no more."""
+        self.terminal.unplug()
+        self._sticks.popitem()
+
     def begin(self):
         """From here on, what is mounted counts, and the time."""
         self._mounts = self._mounted()
