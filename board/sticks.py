@@ -21,7 +21,7 @@ FORMATS = {
     "ext4": ("mkfs.ext4", "-q", "-F"),
     "ntfs": ("mkntfs", "--quick", "--force"),
     "exfat": ("mkfs.exfat",),
-    "zeros": ("true",),
+    "zeros": ("true",),  # leaves it as it is
 }
 SHORT = {True: "fat16", False: "zeros"}
 
@@ -200,7 +200,10 @@ class Stick:
         found = Counter()
         for partition in self.fat():
             path = ""
-            for line in self._fsck(partition).stdout.decode(errors="replace").splitlines()[1:-1]:
+            shown = self._fsck(partition).stdout.decode(errors="replace").splitlines()
+            for line in shown[1:]:  # behind its version
+                if line.startswith(str(self.image.parent)):
+                    continue        # how much is in use
                 path = line if line.startswith("/") else path if line.startswith("  ") else ""
                 found[partition, path, line.strip()] += 1
         return found
