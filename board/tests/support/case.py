@@ -17,8 +17,12 @@ class BoardTest(unittest.TestCase):
     """A test on a fresh terminal: no stick, empty RAM disk, serial number stored."""
 
     maxDiff = None
+    checks_promises = False
 
     def setUp(self):
+        is_row = hasattr(getattr(self, self._testMethodName), "fault")
+        self.assertTrue(self.checks_promises or not is_row,
+                        "a row of the fault catalogue stands in a FaultTest")
         self.terminal = session.fresh_terminal()
         self.terminal.set_serial_number(SERIAL)
 

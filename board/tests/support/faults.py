@@ -23,6 +23,8 @@ FOLDERS = ("music", "music/deep")
 class FaultTest(BoardTest):
     """A test that is a row: it runs the tool and checks every promise that the row keeps."""
 
+    checks_promises = True
+
     def setUp(self):
         super().setUp()
         self._sticks = {}  # those plugged in, and what was on them before
