@@ -17,7 +17,7 @@ DOCUMENT = ROOT / "docs/faults.md"
 FOLDERS = ("board/tests", "tests/process")
 HEAD = "| what goes wrong | test | promises |\n|---|---|---|\n"
 # A section, what is said about it, and its table.
-SECTION = re.compile(rf"(?<=^## )(.+?)$(.*?){re.escape(HEAD)}((?:\|.*\n)*)",
+SECTION = re.compile(rf"(?<=^## )(.+?)$(.*?){re.escape(HEAD)}((?:\|[^\n]*\n)*)",
                      re.MULTILINE | re.DOTALL)
 
 
