@@ -1,0 +1,162 @@
+"""Power cuts, replayed: a stick as it is after each single sector of a run's recorded writes.
+
+A state is good when every file and folder of before is there unchanged and nothing else is new but
+the export folder; when what fsck.fat finds is about that folder, about lost clusters or about
+notes that a mount keeps; and when repairing it leaves all this so, and nothing to find. Lost
+clusters come back as files in the root, which is how fsck.fat keeps them.
+"""
+
+import mmap
+import os
+import re
+import subprocess
+import tempfile
+from collections import Counter
+from concurrent.futures import ProcessPoolExecutor
+from dataclasses import dataclass, field
+from functools import partial
+from pathlib import Path
+
+from board.fat import Damaged, Volume
+from board.recording import replayed
+from board.sticks import SECTOR
+from tests.support.tool import FOLDER_ON_STICK
+
+REPAIR, LOOK = "-a", "-n"  # words of fsck.fat
+REPAIRS = 2                # after which nothing is left to find
+REPAIR_BOUND_S = 60
+EXPORT = re.compile(FOLDER_ON_STICK)
+EXPORT_OR_SAVED = re.compile(rf"{FOLDER_ON_STICK}|FSCK\d{{4}}\.REC")
+# What it finds besides what is wrong in the export folder, and what it says in any case. Its other
+# lines are details, and are indented.
+NOTES = re.compile(
+    r"Dirty bit is set\. .*|  65:01/00|"  # the bit in the boot sector, which has a backup
+    r"FATs differ but appear to be intact\.|"
+    r"Free cluster summary wrong \(\d+ vs\. really \d+\)|"
+    r"Reclaimed \d+ unused clusters? \(\d+ bytes\) in \d+ chains?\.")
+TALK = re.compile(
+    r"fsck\.fat .*|\S+: \d+ files, \d+/\d+ clusters|Writing changes\.|"
+    r"\*\*\* Filesystem was changed \*\*\*|"
+    r"There are differences between boot sector and its backup\.|"
+    r"This is mostly harmless\. Differences: .*|  (?!\d+:).*| Automatically .*|")
+
+
+@dataclass
+class Figures:
+    """States, those that differ from the one before, those with faults; findings and faults."""
+
+    states: int = 0
+    distinct: int = 0
+    faulty: int = 0
+    findings: Counter = field(default_factory=Counter)
+    faults: list = field(default_factory=list)
+
+    def add(self, other):
+        """Counts another part of the states in."""
+        self.states += other.states
+        self.distinct += other.distinct
+        self.faulty += other.faulty
+        self.findings += other.findings
+        self.faults += other.faults
+
+
+def fsck(image, word):
+    """Runs fsck.fat. Returns its status and what it found."""
+    answer = subprocess.run(["fsck.fat", word, image], check=False, text=True, errors="replace",
+                            timeout=REPAIR_BOUND_S, stdout=subprocess.PIPE,
+                            stderr=subprocess.STDOUT)
+    return answer.returncode, [line for line in answer.stdout.splitlines()
+                               if not TALK.fullmatch(line)]
+
+
+class Examination:
+    """Looks at states of one volume, in an image file that shows them to fsck.fat too."""
+
+    def __init__(self, before, image, repair):
+        image.write_bytes(before)
+        with open(image, "r+b") as file:
+            self._shown = mmap.mmap(file.fileno(), 0)
+        self._image = image
+        self._repair = repair
+        self._volume = Volume(self._shown)
+        self._old = dict(self._volume.entries())
+        self._old_links = self._links()
+        self.figures = Figures()
+
+    def _links(self):
+        """What both tables say about the clusters of before."""
+        return [self._volume.link(cluster, table) for table in range(self._volume.tables)
+                for entry in self._old.values() for cluster in entry.clusters]
+
+    def _faults(self, allowed):
+        """What is wrong with what was on the stick before, and what is new but for the allowed."""
+        try:
+            now = dict(self._volume.entries(skip=[FOLDER_ON_STICK]))
+        except Damaged as damage:
+            return [str(damage)]
+        different = [path for path in sorted(now.keys() | self._old.keys())
+                     if now.get(path) != self._old.get(path) and not allowed.fullmatch(path)]
+        return different + ["links"] * (self._links() != self._old_links)
+
+    def look_at(self, number, state):
+        """Looks at a state, given as the first part of the volume: the rest never changes."""
+        self._shown[:len(state)] = state
+        faults = self._faults(EXPORT)
+        if self._repair:
+            faults += self._repaired()
+        self.figures.distinct += 1
+        self.figures.faulty += bool(faults)
+        self.figures.faults += [f"state {number}: {fault}" for fault in faults]
+
+    def _repaired(self):
+        """Repairs the volume. Returns what is wrong with that."""
+        _, found = fsck(self._image, REPAIR)
+        # Details are counted with their findings, and what stands there with its path.
+        self.figures.findings.update({re.sub(r"\d+", "N", line).replace("clusters", "cluster")
+                                      .replace("chains", "chain")
+                                      for line in found if not line.startswith("  ")})
+        faults = [line for line in found
+                  if not (NOTES.fullmatch(line) or line.startswith(f"/{FOLDER_ON_STICK}"))]
+        repairs = 1
+        while (left := fsck(self._image, LOOK)) != (0, []):
+            if repairs == REPAIRS:
+                faults += [f"not repaired: {left}"]
+                break
+            fsck(self._image, REPAIR)
+            repairs += 1
+        return faults + [f"after the repair: {fault}" for fault in self._faults(EXPORT_OR_SAVED)]
+
+    def run(self, before, written, first, last):
+        """Looks at the states after `first` to `last` - 1 sectors."""
+        reach = max(place for place, _ in written) + SECTOR
+        state = replayed(before[:reach], written[:first])
+        for number in range(first, last):
+            self.figures.states += 1
+            if number > first:
+                place, content = written[number - 1]
+                if state[place:place + SECTOR] == content:
+                    continue
+                state[place:place + SECTOR] = content
+            self.look_at(number, state)
+        # What a repair changes lies in front of `reach`: else a later state was not what it is.
+        if self._shown[reach:] != before[reach:]:
+            self.figures.faults.append("a repair reached further than the writes")
+        return self.figures
+
+
+def examine_part(before, written, repair, first, last):
+    """The figures of some of the states."""
+    with tempfile.TemporaryDirectory(prefix="torn-") as folder:
+        examination = Examination(before, Path(folder) / "image", repair)
+        return examination.run(before, written, first, last)
+
+
+def examine(before, written, repair=True):
+    """The figures of all states: that of before, and one after each sector."""
+    processors = len(os.sched_getaffinity(0))
+    edges = [part * (len(written) + 1) // processors for part in range(processors + 1)]
+    figures = Figures()
+    with ProcessPoolExecutor(processors) as pool:
+        for part in pool.map(partial(examine_part, before, written, repair), edges, edges[1:]):
+            figures.add(part)
+    return figures
