@@ -1,7 +1,8 @@
 """Runs the board tests, the main job or a console on the emulated terminal.
 
-python3 -m board BUILD [run | shell | TEST]: the tool comes from the ARM build folder BUILD; TEST
-is the name of a test or of a file in board/tests; without a word all tests run.
+python3 -m board BUILD [run | shell | long | TEST]: the tool comes from the ARM build folder BUILD;
+TEST is the name of a test or of a file in board/tests; without a word all tests run. The word long
+runs the tests that do one thing many times, with their large counts.
 """
 
 import sys
@@ -11,6 +12,7 @@ from pathlib import Path
 from board import demo, session
 
 TESTS = Path(__file__).parent / "tests"
+LONG = "long"
 
 
 def all_tests(suite):
@@ -28,14 +30,21 @@ def names(test):
     return function.removeprefix("test_"), file.removesuffix("_test")
 
 
+def is_selected(test, word):
+    """Whether a word selects a test; None selects all."""
+    if word == LONG:
+        return hasattr(getattr(test, test.id().rpartition(".")[2]), "is_counted")
+    return word is None or word in names(test)
+
+
 def run_tests(build, word):
-    """Runs the tests that the word selects, all for None. Returns the exit status."""
+    """Runs the tests that the word selects. Returns the exit status."""
     suite = unittest.TestLoader().discover(TESTS, "*_test.py", TESTS.parent.parent)
-    tests = [test for test in all_tests(suite) if word is None or word in names(test)]
+    tests = [test for test in all_tests(suite) if is_selected(test, word)]
     if not tests:
         print(f"board: no test is named {word}", file=sys.stderr)
         return 2
-    session.begin(build)
+    session.begin(build, word == LONG)
     try:
         result = unittest.TextTestRunner(verbosity=2).run(unittest.TestSuite(tests))
     finally:
@@ -54,5 +63,5 @@ def main(build, word=None):
 
 if __name__ == "__main__":
     if len(sys.argv) not in (2, 3):
-        sys.exit("usage: python3 -m board BUILD [run | shell | TEST]")
+        sys.exit("usage: python3 -m board BUILD [run | shell | long | TEST]")
     sys.exit(main(*sys.argv[1:]))

@@ -6,13 +6,19 @@ from board.machine import MachineGone
 from board.terminal import Terminal
 
 _build = None    # the ARM build folder
+_long = False    # whether tests that count take their large counts
 _terminals = []  # the last one is in use; another one is booted when it died
 
 
-def begin(build):
+def begin(build, long=False):
     """Takes the programs of an ARM build folder for the terminals to come."""
-    global _build
-    _build = Path(build)
+    global _build, _long
+    _build, _long = Path(build), long
+
+
+def is_long():
+    """Whether this is the long run."""
+    return _long
 
 
 def built(path):
