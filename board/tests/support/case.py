@@ -7,7 +7,7 @@ from board.sticks import Stick
 from board.terminal import SERIAL
 from tests.support import tool
 
-COPY = "/tmp/bin/cp"  # stands in front of the real one when the tool is held
+PROGRAMS = "/tmp/bin"  # stands in front of the real ones when the tool is held
 # Two ways to hold the copy until `let_go`: before anything is copied, and before the copy's end.
 HOLD_BEFORE = ">/tmp/held; until [ -e /tmp/go ]; do usleep 10000; done; exec /bin/cp $*"
 HOLD_AFTER = "/bin/cp $*; >/tmp/held; until [ -e /tmp/go ]; do usleep 10000; done"
@@ -51,12 +51,16 @@ class BoardTest(unittest.TestCase):
         self.assertEqual(result.output, "")
         return result
 
+    def hold_tool_in(self, program, hold):
+        """Runs the tool up to a program that it calls."""
+        self.terminal.write(f"{PROGRAMS}/{program}", f"#!/bin/sh\n{hold}\n")
+        self.terminal.check(f"chmod 755 {PROGRAMS}/{program}")
+        self.terminal.start(f"PATH={PROGRAMS}:$PATH orvatool -d EIWD")
+        self.terminal.wait_for("[ -e /tmp/held ]")
+
     def hold_tool_in_copy(self, hold):
         """Runs the tool up to its copy command."""
-        self.terminal.write(COPY, f"#!/bin/sh\n{hold}\n")
-        self.terminal.check(f"chmod 755 {COPY}")
-        self.terminal.start("PATH=/tmp/bin:$PATH orvatool -d EIWD")
-        self.terminal.wait_for("[ -e /tmp/held ]")
+        self.hold_tool_in("cp", hold)
 
     def let_go(self):
         """Lets the tool that is held go on, and checks that it ends well."""
