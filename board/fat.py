@@ -8,7 +8,10 @@ RECORD = 32
 END, DELETED = 0x00, 0xE5            # first byte of a folder's record
 VOLUME_LABEL, FOLDER, LONG_NAME = 0x08, 0x10, 0x0F
 FAT12_CLUSTERS, FAT16_CLUSTERS = 4085, 65525  # from here on it is the next type
-FAT12_BITS = 12
+FAT12_BITS, FAT16_BITS, FAT32_BITS = 12, 16, 32
+LINK_BITS = 28                       # of the 32
+LINK = (1 << LINK_BITS) - 1
+CASES, LOWER_STEM, LOWER_EXTENSION = 12, 0x08, 0x10
 LAST_LONG = 0x40                     # in the number of the record that holds a name's end
 
 
@@ -40,9 +43,10 @@ class Volume:
         self.cluster = self._cluster_sectors * self.sector
         size = (sectors16 or sectors32) * self.sector
         self._clusters = (size - self.data_start) // self.cluster
-        self.bits = (12 if self._clusters < FAT12_CLUSTERS
-                     else 16 if self._clusters < FAT16_CLUSTERS else 32)
-        self._root_cluster = struct.unpack_from("<I", image, 44)[0] if self.bits == 32 else 0
+        self.bits = (FAT12_BITS if self._clusters < FAT12_CLUSTERS
+                     else FAT16_BITS if self._clusters < FAT16_CLUSTERS else FAT32_BITS)
+        # On FAT32 the root folder is a chain like any other.
+        self._root_cluster, = struct.unpack_from("<I", image, 44)
 
     def link(self, cluster, table=0):
         """What the file allocation table says about a cluster: the next one, or an end mark."""
@@ -50,13 +54,13 @@ class Volume:
         if self.bits == FAT12_BITS:
             pair, = struct.unpack_from("<H", self.image, start + cluster * 3 // 2)
             return pair >> 4 if cluster % 2 else pair & 0xFFF
-        if self.bits == 16:
+        if self.bits == FAT16_BITS:
             return struct.unpack_from("<H", self.image, start + cluster * 2)[0]
-        return struct.unpack_from("<I", self.image, start + cluster * 4)[0] & 0xFFFFFFF
+        return struct.unpack_from("<I", self.image, start + cluster * 4)[0] & LINK
 
     def chain(self, cluster):
         """The clusters of a file or folder that begins at this one."""
-        end_mark = (1 << min(self.bits, 28)) - 8
+        end_mark = (1 << min(self.bits, LINK_BITS)) - 8
         found = []
         while cluster < end_mark:
             if not 2 <= cluster < self._clusters + 2 or len(found) == self._clusters:
@@ -71,7 +75,7 @@ class Volume:
                         (self.data_start + (each - 2) * self.cluster for each in clusters))
 
     def _root(self):
-        if self._root_cluster:
+        if self.bits == FAT32_BITS:
             return self.content(self.chain(self._root_cluster))
         return self.image[self._root_start:self._root_start + self._root_size]
 
@@ -79,7 +83,7 @@ class Volume:
         """Path and Entry of all files and folders, without what is below the folders to skip."""
         for name, record in records(self._root() if folder is None else folder):
             attributes, high, low, size = struct.unpack_from("<B8xH4xHI", record, 11)
-            first = low | (high << 16 if self.bits == 32 else 0)
+            first = low | (high << 16 if self.bits == FAT32_BITS else 0)
             here = f"{path}/{name}" if path else name
             if attributes & FOLDER and here in skip:
                 yield here, Entry(record, ())
@@ -115,7 +119,11 @@ def records(folder):
 
 
 def short_name(record):
-    """The name that stands in the record itself."""
+    """The name that stands in the record itself, in capitals unless a bit says otherwise."""
     stem, extension = (part.decode("ascii", "replace").rstrip()
                        for part in (record[:8], record[8:11]))
+    if record[CASES] & LOWER_STEM:
+        stem = stem.lower()
+    if record[CASES] & LOWER_EXTENSION:
+        extension = extension.lower()
     return f"{stem}.{extension}" if extension else stem

@@ -17,11 +17,12 @@ from dataclasses import dataclass, field
 from functools import partial
 from pathlib import Path
 
-from board.fat import Damaged, Volume
+from board.fat import FAT12_BITS, FAT16_BITS, FAT32_BITS, Damaged, Volume
 from board.recording import replayed
 from board.sticks import SECTOR
 from tests.support.tool import FOLDER_ON_STICK
 
+DIRTY = {FAT12_BITS: 37, FAT16_BITS: 37, FAT32_BITS: 65}  # byte of the boot sector with the bit
 REPAIR, LOOK = "-a", "-n"  # words of fsck.fat
 REPAIRS = 2                # after which nothing is left to find
 REPAIR_BOUND_S = 60
@@ -81,12 +82,18 @@ class Examination:
         self._volume = Volume(self._shown)
         self._old = dict(self._volume.entries())
         self._old_links = self._links()
+        self._old_boot_sector = self._boot_sector()
         self.figures = Figures()
 
     def _links(self):
         """What both tables say about the clusters of before."""
         return [self._volume.link(cluster, table) for table in range(self._volume.tables)
                 for entry in self._old.values() for cluster in entry.clusters]
+
+    def _boot_sector(self):
+        """The first sector without the byte of the dirty bit."""
+        dirty = DIRTY[self._volume.bits]
+        return self._shown[:dirty] + self._shown[dirty + 1:SECTOR]
 
     def _faults(self, allowed):
         """What is wrong with what was on the stick before, and what is new but for the allowed."""
@@ -96,7 +103,11 @@ class Examination:
             return [str(damage)]
         different = [path for path in sorted(now.keys() | self._old.keys())
                      if now.get(path) != self._old.get(path) and not allowed.fullmatch(path)]
-        return different + ["links"] * (self._links() != self._old_links)
+        if self._links() != self._old_links:
+            different.append("the links of old files")
+        if self._boot_sector() != self._old_boot_sector:
+            different.append("the boot sector")
+        return different
 
     def look_at(self, number, state):
         """Looks at a state, given as the first part of the volume: the rest never changes."""

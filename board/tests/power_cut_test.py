@@ -3,6 +3,7 @@
 import random
 
 from board import figures, torn
+from board.fat import Volume
 from board.recording import Recorded
 from board.sticks import MIB, run
 from board.terminal import SERIAL
@@ -40,7 +41,15 @@ class PowerCut(FaultTest):
                      tool.mounted("sda", stick.mib()),
                      tool.exported(SERIAL, tool.NO_SUCH_FILE))
         self.terminal.unplug()
+        self.assert_reader_agrees(stick)
         return recorded.before, recorded.written()
+
+    def assert_reader_agrees(self, stick):
+        """Our reader of FAT finds the same as mtools do."""
+        found = {(0, path): entry.sha256
+                 for path, entry in Volume(stick.image.read_bytes()).entries() if entry.sha256}
+        self.assertEqual(found, {key: digest for key, digest in stick.digests().items()
+                                 if not key[1].endswith("/")})
 
     def assert_good(self, found, states):
         """At least so many states, none with a fault."""

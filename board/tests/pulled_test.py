@@ -92,7 +92,8 @@ class Pulled(FaultTest):
     @counted(3, 200)
     def test_pulled_out_at_random_moments(self, count):
         self.terminal.write(LONG_VERSION, LONG_LOG)
-        self.terminal.check(f"mkdir {tool.MOUNT_POINT} && mount --bind {LONG_VERSION} {VERSION}")
+        self.terminal.check(
+            f"mkdir {tool.MOUNT_POINT} && mount --bind {LONG_VERSION} {VERSION}")
         self.addCleanup(self.terminal.check, f"umount {VERSION}")
         stick = self.stick(whole="fat12", mib=1)
         before = stick.image.read_bytes()
