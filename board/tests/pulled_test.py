@@ -86,8 +86,8 @@ class Pulled(FaultTest):
         self.assert_promises(result, end)
         return name
 
-    @fault("Timing", "pulled out at random moments, 3 times (200 times in the long run), while a log"
-                     " of 512 KiB is copied or shortly before or after",
+    @fault("Timing", "pulled out at random moments, 3 times (200 times in the long run), while a"
+                     " log of 512 KiB is copied or shortly before or after",
            volume="folder and log may be there in part, as after a power cut")
     @counted(3, 200)
     def test_pulled_out_at_random_moments(self, count):
