@@ -4,40 +4,16 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
-#include <random>
 #include <string>
 #include <string_view>
+
+#include "tests/support/random.h"
 
 #ifdef __arm__
 constexpr int kRandomInputs = 100'000;  // qemu-arm takes over a minute for a million of each
 #else
 constexpr int kRandomInputs = 1'000'000;
 #endif
-
-// The same numbers on every target, which the standard's distributions do not promise.
-class Random {
-public:
-    explicit Random(uint32_t seed) : engine_(seed) {}
-
-    uint32_t Next() { return static_cast<uint32_t>(engine_()); }
-    int Between(int low, int high) {
-        return low + static_cast<int>(Next() % static_cast<uint32_t>(high - low + 1));
-    }
-    char OneOf(std::string_view alphabet) { return alphabet[Next() % alphabet.size()]; }
-
-    // Of [0, max_length] bytes.
-    std::string Text(std::string_view alphabet, int max_length) {
-        std::string text(static_cast<size_t>(Between(0, max_length)), '\0');
-        for (char& byte : text) {
-            byte = OneOf(alphabet);
-        }
-        return text;
-    }
-
-private:
-    std::mt19937 engine_;
-};
 
 // Calls check kRandomInputs times with a seeded source, up to the first ASSERT that fails.
 template <typename Check>

@@ -5,7 +5,7 @@
 #include <climits>
 #include <cstdint>
 
-#include "tests/support/inputs.h"
+#include "tests/support/random.h"
 
 // Near 0 or near a limit, on either side, at a distance of any number of bits up to max_bits.
 inline int AnyInt(Random& random, int max_bits = 31) {

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "tests/support/guarded_buffer.h"
+#include "tests/support/inputs.h"
 #include "tests/support/log_lines.h"
 #include "tests/util/timeutils/any_int.h"
 #include "tests/util/timeutils/date_records.h"
