@@ -24,6 +24,8 @@ struct Value {
     enum Kind { kNumber, kText, kList };
 
     Value(int64_t number_given) : kind(kNumber), number(number_given) {}
+    Value(int number_given) : kind(kNumber), number(number_given) {}
+    Value(const char* text_given) : kind(kText), text(text_given) {}
     Value(std::string text_given) : kind(kText), text(std::move(text_given)) {}
     Value(std::vector<int> list_given) : kind(kList), list(std::move(list_given)) {}
 
