@@ -8,6 +8,8 @@
 
 #include "tests/support/log_lines.h"
 #include "tests/util/timeutils/calendars/converted_date.h"
+#include "tests/util/timeutils/calendars/naive_calendars.h"
+#include "tests/util/timeutils/calendars/naive_walk.h"
 #include "tests/util/timeutils/date_records.h"
 #include "util/timeutils.h"
 #include "util/timeutils/calendars/day_number.h"
@@ -21,6 +23,27 @@ static_assert(std::is_same_v<decltype(&ChrisTmToLocalTm), TTime* (*)(int, TTime*
 namespace {
 
 constexpr int kOtherModes[] = {INT_MIN, -1, 3, 7, 256, 257, INT_MAX};
+
+#ifdef __arm__
+constexpr int kYearStep = 23;  // the formulas take long in soft-float code
+#else
+constexpr int kYearStep = 1;
+#endif
+constexpr int kLastYear = 10'000;
+
+// A calendar by its published formula and by its leap rule, from a year on for which they agree.
+struct Calendar {
+    int mode;
+    int first_year;
+    double (*naive_jd)(const Date& date);
+    naive::MonthDays month_days;
+};
+
+constexpr Calendar kCalendars[] = {
+    {CALENDAR_GREGORIAN, 1, naive::GregorianToJd, naive::GregorianMonthDays},
+    {CALENDAR_PERSIAN, 475, naive::PersianToJd, naive::PersianMonthDays},
+    {CALENDAR_ISLAMIC, 1, naive::IslamicToJd, naive::IslamicMonthDays},
+};
 
 using Converter = TTime* (*)(int, TTime*);
 
@@ -87,6 +110,41 @@ TEST(GetMaxDaysOfMonth, AsksTheCalendarOfTheMode) {
     EXPECT_EQ(GetMaxDaysOfMonth(1, 1403, 12), 29);
     EXPECT_EQ(GetMaxDaysOfMonth(1, 1403, 13), 0);
     EXPECT_EQ(GetMaxDaysOfMonth(2, 1445, 12), 30);
+}
+
+TEST(GetMaxDaysOfMonth, IsTheDistanceOfTheFirstDaysByTheFormulas) {
+    for (const auto& [mode, first_year, naive_jd, month_days] : kCalendars) {
+        for (int year = first_year; year <= kLastYear; year += kYearStep) {
+            for (int month = 1; month <= 12; ++month) {
+                const Date next = month < 12 ? Date{year, month + 1, 1} : Date{year + 1, 1, 1};
+                const double days = naive_jd(next) - naive_jd({year, month, 1});
+                ASSERT_EQ(GetMaxDaysOfMonth(mode, year, month), days) << year << '-' << month;
+                ASSERT_EQ(month_days(year, month), days) << year << '-' << month;
+            }
+        }
+    }
+}
+
+TEST(IsLeapYearByCalendar, IsTheLengthOfTheYearByTheFormulas) {
+    for (int year = 1; year <= kLastYear; year += kYearStep) {
+        const double islamic =
+            naive::IslamicToJd({year + 1, 1, 1}) - naive::IslamicToJd({year, 1, 1});
+        ASSERT_EQ(IsLeapYearByCalendar(2, year), islamic == 355 ? 1 : 0) << year;
+        const int later = year + 474;
+        const double persian =
+            naive::PersianToJd({later + 1, 1, 1}) - naive::PersianToJd({later, 1, 1});
+        ASSERT_EQ(IsLeapYearByCalendar(1, later), persian == 366 ? 1 : 0) << later;
+    }
+}
+
+TEST(LocalTmToChrisTm, MovesEveryNewYearToTheDayOfTheFormulas) {
+    for (int year = -kLastYear; year <= kLastYear; year += kYearStep) {
+        const Date new_year = {year, 1, 1};
+        ASSERT_EQ(Converted(LocalTmToChrisTm, CALENDAR_PERSIAN, new_year),
+                  naive::JdToGregorian(naive::PersianToJd(new_year)));
+        ASSERT_EQ(Converted(LocalTmToChrisTm, CALENDAR_ISLAMIC, new_year),
+                  naive::JdToGregorian(naive::IslamicToJd(new_year)));
+    }
 }
 
 TEST(GetMaxDaysOfMonth, GivesTheYearForOtherModes) {

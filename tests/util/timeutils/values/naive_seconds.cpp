@@ -1,7 +1,8 @@
-// Years by counting leap years, dates by counting down from a guess.
+// Years by counting leap years, dates by a guess that is mended.
 
 #include "tests/util/timeutils/values/naive_seconds.h"
 
+#include <algorithm>
 #include <climits>
 #include <string_view>
 
@@ -12,7 +13,8 @@ namespace {
 
 constexpr int kDaySeconds = 86400;
 constexpr int kHourSeconds = 3600;
-constexpr int64_t kDaysTo1970 = 719162;  // from 0001-01-01
+constexpr int k400YearDays = 146'097;
+constexpr int64_t kDaysTo1970 = 719'162;  // from 0001-01-01
 
 struct Parts {
     int64_t whole;
@@ -95,7 +97,7 @@ int64_t SecondsSince1970(const struct tm& rec) {
 
 struct tm RecordAt(int64_t seconds, int zone_seconds) {
     const Parts day = Down(seconds + zone_seconds, kDaySeconds);
-    int64_t year = 1970 + Down(day.whole, 365).whole;  // too far from 1970, if anything
+    int64_t year = 1970 + Down(day.whole * 400, k400YearDays).whole;  // or the one beside it
     while (NewYear(year) > day.whole) {
         --year;
     }
