@@ -29,6 +29,35 @@ public:
     // Takes one byte; the range must be below 256 wide.
     int Between(int low, int high) { return low + Byte() % (high - low + 1); }
 
+    // Any int: small ones take one byte, the others five.
+    int Int() {
+        constexpr int kSmall = 100;
+        const int byte = Byte();
+        if (byte <= 2 * kSmall) {
+            return byte - kSmall;
+        }
+        uint32_t value = 0;
+        for (size_t i = 0; i < sizeof value; ++i) {
+            value = value << 8 | static_cast<uint32_t>(Byte());
+        }
+        return static_cast<int>(value);
+    }
+
+    // What stands before the next 0, or all; the 0 is taken too.
+    std::string Word() {
+        const std::string rest(reinterpret_cast<const char*>(data_), size_);
+        const std::string word = rest.substr(0, rest.find('\0'));
+        const size_t taken = std::min(word.size() + 1, size_);
+        data_ += taken;
+        size_ -= taken;
+        return word;
+    }
+
+    // What is left, with the bytes that are 0.
+    std::string Bytes() { return {reinterpret_cast<const char*>(data_), size_}; }
+
+    bool IsAtEnd() const { return size_ == 0; }
+
     // Of at most length bytes, none of them 0.
     std::string Text(size_t length) {
         length = std::min(length, size_);
