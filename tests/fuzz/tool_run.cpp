@@ -48,7 +48,11 @@ FILE* __wrap_freopen(const char* path, const char* mode, FILE* stream) {
     return stream;
 }
 
+int __real_system(const char* command);
 int __wrap_system(const char* command) {
+    if (!IsTracing()) {
+        return __real_system(command);
+    }
     Record(std::string("system ") + command);
     if (gTerminal->errno_of_commands != 0) {
         errno = gTerminal->errno_of_commands;
