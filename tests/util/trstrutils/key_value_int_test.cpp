@@ -42,7 +42,7 @@ TEST(ExtractValueInt, IsTheDefaultForAnEmptyValue) {
 }
 
 TEST(ExtractValueInt, IsTheDefaultForAValueOfFortyBytes) {
-    for (const size_t length : {38, 39, 40, 41, 80}) {
+    for (const size_t length : {38U, 39U, 40U, 41U, 80U}) {
         std::string padded_left(length, '0');
         padded_left.back() = '7';
         EXPECT_EQ(ValueOfN(padded_left), length < 40 ? 7 : kDefault) << length;

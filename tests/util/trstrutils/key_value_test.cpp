@@ -178,7 +178,7 @@ TEST_F(ExtractValueTest, TakesKeysOfUpTo197Bytes) {
 }
 
 TEST_F(ExtractValueTest, FindsNoKeyOver197Bytes) {
-    for (const size_t length : {198, 199, 200, 201, 1000}) {
+    for (const size_t length : {198U, 199U, 200U, 201U, 1000U}) {
         const std::string key(length, 'k');
         ExpectMissing(key + "=1", key);
         ExpectMissing("a=0," + key + "=1", key);

@@ -119,7 +119,7 @@ TEST(str2mac, FailsOnAnyOtherCharacter) {
         if (c == ':' || strchr(kHexDigits, c) != nullptr) {
             continue;
         }
-        for (const size_t position : {0, 1, 7, 16}) {
+        for (const size_t position : {0U, 1U, 7U, 16U}) {
             std::string text = "00:1a:2b:3c:4d:5e";
             text[position] = c;
             EXPECT_EQ(Parse(text), std::nullopt) << "character " << code << " at " << position;

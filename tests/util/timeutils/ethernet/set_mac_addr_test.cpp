@@ -50,7 +50,7 @@ List operator+(List left, const List& right) {
     return left;
 }
 
-Calls Attempts(int failing, const Calls& last = {"set", "get"}) {
+Calls Attempts(unsigned int failing, const Calls& last = {"set", "get"}) {
     return Calls{kSocketCall} + Repeated(failing, Calls{"set", "get", kSleepCall}) + last +
            Calls{"close"};
 }
