@@ -1,10 +1,10 @@
-"""Serial numbers: the name of the file, and the copy command as a log format."""
+"""Serial numbers: the name of the file, the copy command as a log format, and what the shell does."""
 
 import os
 import shutil
 
 import story
-from terminal import OPTIONS_FILE, TerminalTest, kernel_version, read
+from terminal import OPTIONS_FILE, TerminalTest, kernel_version, read, tree
 from tests.support import tool
 from tests.support.tool import EXPORT_FOLDER
 
@@ -82,3 +82,46 @@ class SerialAsFormat(TerminalTest):
         self.assertEqual(run.trace, story.REOPEN + story.quiet(
             story.serial_steps("") + story.MOUNT + story.export("%s%n%s")))
         self.assertEqual(os.listdir(EXPORT_FOLDER), ["%s%n%s.log"])
+
+
+class SerialInTheShell(TerminalTest):
+    """The shell reads the copy command, and with it the serial number, which is trusted."""
+
+    def check(self, serial, *copies):
+        """The run ends as always; the copies are all that it adds."""
+        self.set_serial(serial)
+        before = tree("/mnt")
+        run = self.run_tool("-d", "EIWD")
+        self.assertEqual(run.trace, story.REOPEN + story.LEVELS + story.serial_steps(serial)
+                         + story.MOUNT + story.export(serial))
+        after = tree("/mnt")
+        self.assertCountEqual(after.keys() - before.keys(),
+                              [tool.OUTPUT_FILE, EXPORT_FOLDER, *copies])
+        return run.stderr
+
+    def test_blank_parts_the_name(self):
+        self.assertIn("b.log", self.check("a b"))  # which cp takes for its target
+
+    def test_slash_leads_to_another_folder(self):
+        self.check("../x", f"{tool.MOUNT_POINT}/x.log")
+
+    def test_slash_to_a_missing_folder_makes_no_copy(self):
+        self.assertIn(tool.NO_SUCH_FILE, self.check("a/b"))
+
+    def test_quotes_are_taken_off(self):
+        self.check("'a b'", f"{EXPORT_FOLDER}/a b.log")
+
+    def test_double_quotes_are_taken_off(self):
+        self.check('"a b"', f"{EXPORT_FOLDER}/a b.log")
+
+    def test_single_quote_alone_makes_no_copy(self):
+        self.assertNotEqual(self.check("it's"), "")
+
+    def test_semicolon_begins_a_command(self):
+        self.check("x;touch /mnt/made", f"{EXPORT_FOLDER}/x", "/mnt/made.log")
+
+    def test_command_in_dollar_and_brackets_is_run(self):
+        self.check("$(echo 7)", f"{EXPORT_FOLDER}/7.log")
+
+    def test_comment_sign_ends_the_command(self):
+        self.check("x #", f"{EXPORT_FOLDER}/x")
