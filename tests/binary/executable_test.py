@@ -10,6 +10,7 @@ import sys
 import tempfile
 import unittest
 
+from tests.binary.exported_names import NAMES
 from tests.support import exports_list
 
 executable, list_path, nm, readelf, cmake, build_folder, *objects = sys.argv[1:]
@@ -36,6 +37,16 @@ class Exports(unittest.TestCase):
     def test_exactly_the_listed_names(self):
         exported = [name for name, _ in dynamic_symbols("--defined-only")]
         self.assertCountEqual(exported, exports_list.names(list_path))
+
+    def test_the_names_that_other_programs_call(self):
+        exported = [name for name, _ in dynamic_symbols("--defined-only")]
+        with self.subTest("lost names"):
+            if lost := ", ".join(sorted(set(NAMES) - set(exported))):
+                self.fail(f"{lost}: other programs call it, and the executable has it no more")
+        with self.subTest("new names"):
+            if new := ", ".join(sorted(set(exported) - set(NAMES))):
+                self.fail(f"{new}: once exported, a name is kept for good: write it down in"
+                          f" tests/binary/exported_names.py")
 
     def test_the_library_shows_exactly_the_listed_names(self):
         symbols = output_of(readelf, "-s", "-W", *objects)
