@@ -10,6 +10,7 @@
  *
  * The trace has a line for each call. What the tool printed since the last one stands before it,
  * each line behind "out "; "out-" leads a line that had not ended. Nothing here changes errno.
+ * The stack below main is full of dirt, and gets dirty again with each call that is traced.
  */
 #define _GNU_SOURCE
 #include <dirent.h>
@@ -25,6 +26,8 @@
 #include <sys/time.h>
 #include <time.h>
 #include <unistd.h>
+
+#include "tests/support/dirty_stack.h"
 
 enum {
     kPathSize = 1024,
@@ -80,6 +83,7 @@ static void Trace(const char* format, ...) {
     va_end(values);
     line[length] = '\n';
     WriteTrace(line, (size_t)length + 1);
+    DirtyStack();
     errno = kept_errno;
 }
 
@@ -104,6 +108,21 @@ __attribute__((constructor)) static void Start(void) {
         start_descriptors[descriptor] = IsOpen(descriptor);
     }
     unsetenv("LD_PRELOAD"); /* the commands that the tool starts are not watched */
+}
+
+typedef int MainFunction(int, char**, char**);
+static MainFunction* tools_main;
+
+static int MainInDirt(int argc, char** argv, char** environment) {
+    DirtyStack();
+    return tools_main(argc, argv, environment);
+}
+
+/* Called by the program's entry. */
+int __libc_start_main(MainFunction* main, int argc, char** argv, void (*init)(void),
+                      void (*fini)(void), void (*loader_fini)(void), void* stack_end) {
+    tools_main = main;
+    return REAL(__libc_start_main)(MainInDirt, argc, argv, init, fini, loader_fini, stack_end);
 }
 
 __attribute__((destructor)) static void End(void) {

@@ -22,6 +22,7 @@ DATA_SUITE = "Globals"
 
 TEST_MACRO = re.compile(r"^(?:TEST|TEST_F|TEST_P|TYPED_TEST|TYPED_TEST_P)\(\s*(\w+),\s*\w+\)",
                         re.MULTILINE)
+PYTHON_TEST = re.compile(r"^    def test_\w+\(self", re.MULTILINE)
 
 
 def test_bodies():
@@ -48,6 +49,20 @@ class SourceFiles(unittest.TestCase):
                     self.assertTrue((root / test).is_file(),
                                     f"{name} has no test: add {test} and name it in the"
                                     f" CMakeLists.txt beside it")
+
+
+class TestFiles(unittest.TestCase):
+    longMessage = False
+
+    def test_each_holds_tests(self):
+        for folder, ending, test in (("tests", ".cpp", TEST_MACRO), ("tests", ".py", PYTHON_TEST),
+                                     ("board/tests", ".py", PYTHON_TEST)):
+            files = sorted((root / folder).rglob(f"*_test{ending}"))
+            self.assertTrue(files, f"no test file in {folder}/ ends in {ending}")
+            for file in files:
+                with self.subTest(file=str(file.relative_to(root))):
+                    self.assertRegex(file.read_text(encoding="utf-8"), test,
+                                     "there is no test in this file")
 
 
 class Suites(unittest.TestCase):
