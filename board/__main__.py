@@ -1,18 +1,22 @@
 """Runs the board tests, the main job or a console on the emulated terminal.
 
-python3 -m board BUILD [run | shell | long | TEST]: the tool comes from the ARM build folder BUILD;
-TEST is the name of a test or of a file in board/tests; without a word all tests run. The word long
-runs the tests that do one thing many times, with their large counts.
+python3 -m board BUILD [run | shell | long | N/M | TEST]: the tool comes from the ARM build folder
+BUILD; TEST is the name of a test or of a file in board/tests; without a word all tests run. The word
+long runs the tests that do one thing many times, with their large counts; 1/2 runs every second
+test from the first one, 2/2 the others.
 """
 
+import re
 import sys
+import time
 import unittest
 from pathlib import Path
 
-from board import demo, session
+from board import demo, figures, session
 
 TESTS = Path(__file__).parent / "tests"
 LONG = "long"
+SHARE = re.compile(r"([1-9])/([1-9])")
 
 
 def all_tests(suite):
@@ -30,25 +34,57 @@ def names(test):
     return function.removeprefix("test_"), file.removesuffix("_test")
 
 
-def is_selected(test, word):
-    """Whether a word selects a test; None selects all."""
+def has_mark(test, mark):
+    """Whether the function of a test carries a mark."""
+    return hasattr(getattr(test, test.id().rpartition(".")[2]), mark)
+
+
+def selected(tests, word):
+    """The tests that a word selects; None selects all."""
+    if word is None:
+        return tests
     if word == LONG:
-        return hasattr(getattr(test, test.id().rpartition(".")[2]), "is_counted")
-    return word is None or word in names(test)
+        return [test for test in tests if has_mark(test, "is_counted")]
+    if share := SHARE.fullmatch(word):
+        return tests[int(share[1]) - 1::int(share[2])]
+    return [test for test in tests if word in names(test)]
+
+
+class CountingResult(unittest.TextTestResult):
+    """The result of the tests, with the number of rows of the fault catalogue and their time."""
+
+    rows = 0
+    rows_s = 0
+
+    def startTest(self, test):
+        super().startTest(test)
+        self._began_s = time.monotonic()
+
+    def stopTest(self, test):
+        super().stopTest(test)
+        if has_mark(test, "fault"):
+            self.rows += 1
+            self.rows_s += time.monotonic() - self._began_s
 
 
 def run_tests(build, word):
     """Runs the tests that the word selects. Returns the exit status."""
     suite = unittest.TestLoader().discover(TESTS, "*_test.py", TESTS.parent.parent)
-    tests = [test for test in all_tests(suite) if is_selected(test, word)]
+    tests = selected(list(all_tests(suite)), word)
     if not tests:
         print(f"board: no test is named {word}", file=sys.stderr)
         return 2
     session.begin(build, word == LONG)
     try:
-        result = unittest.TextTestRunner(verbosity=2).run(unittest.TestSuite(tests))
+        result = unittest.TextTestRunner(verbosity=2, resultclass=CountingResult).run(
+            unittest.TestSuite(tests))
     finally:
         session.end()
+    if word and SHARE.fullmatch(word):
+        figures.write(f"board_{word[0]}", {
+            f"terminal {word}, tests": result.testsRun,
+            f"terminal {word}, rows of the fault catalogue": result.rows,
+            f"terminal {word}, seconds that its rows took": round(result.rows_s)})
     return 0 if result.wasSuccessful() else 1
 
 
@@ -63,5 +99,5 @@ def main(build, word=None):
 
 if __name__ == "__main__":
     if len(sys.argv) not in (2, 3):
-        sys.exit("usage: python3 -m board BUILD [run | shell | long | TEST]")
+        sys.exit("usage: python3 -m board BUILD [run | shell | long | N/M | TEST]")
     sys.exit(main(*sys.argv[1:]))
