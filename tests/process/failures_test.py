@@ -4,22 +4,23 @@ import os
 import subprocess
 
 import story
-from terminal import ROOT, TerminalTest, tree, write
+from faults import START, FaultTest
+from terminal import ROOT, read, tree, write
 from tests.support import tool
+from tests.support.faults import fault
 from tests.support.tool import EXPORT_FOLDER
 
 
-class Failures(TerminalTest):
+class Failures(FaultTest):
     def expect_story(self, run, told):
-        self.assertEqual(run.trace,
-                         story.REOPEN + story.LEVELS + story.serial_steps("12345") + told)
+        self.assertEqual(run.trace, START + told)
 
+    @fault("Inputs", "RAM disk missing", output="there is no place for it")
     def test_missing_ram_disk_loses_the_output_alone(self):
         os.rmdir(tool.RAM_DISK)
         before = tree("/mnt")
-        run = self.run_tool("-d", "EIWD")
-        self.assertEqual(run.trace, story.REOPEN + ["system cat /proc/version"] + story.quiet(
-            story.serial_steps("12345") + story.MOUNT + story.export()))
+        run = self.run_row(story.REOPEN + ["system cat /proc/version"] + story.quiet(
+            story.serial_steps("12345") + story.MOUNT + story.export()), "-d", "EIWD")
         after = tree("/mnt")
         self.assertEqual(after.pop(EXPORT_FOLDER, "missing"), None)  # a folder
         self.assertEqual(after, before)
@@ -33,21 +34,21 @@ class Failures(TerminalTest):
         self.assertEqual(run.stdout, "")
         self.assertRegex(run.stderr, r"^\S*orvatool: invalid option -- 'x'\n$")
 
+    @fault("Inputs", "partition list missing")
     def test_no_partition_list(self):
         os.remove(ROOT + "/proc/partitions")
-        run = self.run_tool("-d", "EIWD")
         unreadable = story.printed(tool.line(
             "Warning", "udiskdetection", "readPartitionList", "failed to open /proc/partitions"))
-        self.expect_story(run, story.LOOK[:1] + unreadable + story.LOOK[1:] + story.UMOUNT_FAILS
-                          + story.MOUNTED_FAILED + story.SYNC + story.EXIT)
+        self.run_row(START + story.LOOK[:1] + unreadable + story.LOOK[1:] + story.UMOUNT_FAILS
+                     + story.MOUNTED_FAILED + story.SYNC + story.EXIT, "-d", "EIWD")
 
+    @fault("Inputs", "partition list with a blank line between two disks")
     def test_garbage_behind_a_candidate(self):
         self.set_partitions("header\n\n 8 0 2048 sda\n\n 8 16 4096 sdb\n")
-        run = self.run_tool("-d", "EIWD")
         invalid = story.printed(tool.disk_line("Info", "readPartitionList",
                                                "invalid line in /proc/partitions: ''"))
-        self.expect_story(run, story.LOOK[:1] + invalid + story.LOOK[1:] + story.UMOUNT_FAILS
-                          + story.good_attempt("sda", 2) + story.export())
+        self.run_row(START + story.LOOK[:1] + invalid + story.LOOK[1:] + story.UMOUNT_FAILS
+                     + story.good_attempt("sda", 2) + story.export(), "-d", "EIWD")
 
     def test_read_only_disk(self):
         subprocess.run(["mount", "-t", "tmpfs", "-o", "ro", "tmpfs", tool.MOUNT_POINT],
@@ -63,7 +64,7 @@ class Failures(TerminalTest):
         self.expect_story(run, story.MOUNT + story.SYNC + story.EXPORT_FOLDER_TEST
                           + story.copy("12345", error="Not a directory")
                           + story.UMOUNT + story.EXIT)
-        self.assertEqual(tree(tool.MOUNT_POINT), {EXPORT_FOLDER: "a file"})
+        self.assertEqual(read(EXPORT_FOLDER), "a file")
 
     def test_unmount_that_is_refused(self):
         self.umount_results = "-1"

@@ -4,6 +4,7 @@ The process must be in a mount namespace of its own; PROBE, TOOL and EMULATOR co
 """
 
 import os
+import shutil
 import subprocess
 import unittest
 from dataclasses import dataclass
@@ -14,6 +15,8 @@ from tests.support import tool
 OPTIONS_FILE = "/mnt/test/options.txt"
 TRACE_FILE = "/mnt/test/trace.txt"
 ROOT = "/mnt/test/root"
+COMMANDS = "/mnt/test/commands"
+EMULATOR = os.environ["EMULATOR"].split()  # runs the tool when it is not this machine's
 LEAKS = Path(__file__).parents[1] / "lsan.supp"  # what may stay to the end of the process
 
 PARTITIONS = """major minor  #blocks  name
@@ -83,6 +86,19 @@ class TerminalTest(unittest.TestCase):
         self.mount_results = "0"
         self.umount_results = "-1,0"  # nothing to release before, then the stick
         self.errno_of_commands = None
+        self.refused = None     # the allocation that fails
+        self.path = f"{self.quick_sync()}:{os.environ['PATH']}"
+        self.tool, self.probe = os.environ["TOOL"], os.environ["PROBE"]
+        self.wrapper = []       # what starts the tool on this machine, as `strace` does
+        self.prepare = None     # called in the new process before it becomes the tool
+        self.inherited = ()     # descriptors that stay open
+        self.status = 0         # as always
+
+    def quick_sync(self):
+        """A folder with a `sync` that does not wait for what others write on this machine."""
+        write(f"{COMMANDS}/sync", "#!/bin/sh\n")
+        os.chmod(f"{COMMANDS}/sync", 0o755)
+        return COMMANDS
 
     def set_partitions(self, text):
         write(ROOT + "/proc/partitions", text)
@@ -97,9 +113,15 @@ class TerminalTest(unittest.TestCase):
             write(ROOT + "/proc/bus/usb/001/" + name, "")
 
     def run_tool(self, *arguments):
-        """Runs the tool; its status must be 0, as always."""
+        """Runs the tool and checks its status."""
+        run, trace = self.start_tool(*arguments)
+        self.assertEqual(run.returncode, self.status, f"{trace}\n{run.stderr}")
+        return Run(plain_trace(trace), run.stdout, run.stderr)
+
+    def start_tool(self, *arguments):
+        """Runs the tool and returns what it left, and its trace."""
         variables = {
-            "PATH": os.environ["PATH"],
+            "PATH": self.path,
             "TZ": "CET-1CEST,M3.5.0,M10.5.0/3",
             "ORVATOOL_OPTIONS": OPTIONS_FILE,
             "PROBE_ROOT": ROOT,
@@ -110,15 +132,21 @@ class TerminalTest(unittest.TestCase):
         }
         if self.errno_of_commands is not None:
             variables["PROBE_ERRNO"] = str(self.errno_of_commands)
-        emulator = os.environ["EMULATOR"].split()
-        if emulator:
-            emulator += ["-E", "LD_PRELOAD=" + os.environ["PROBE"]]
+        if self.refused is not None:
+            variables["PROBE_REFUSED"] = str(self.refused)
+        starter = EMULATOR or self.wrapper
+        if starter:
+            starter = [shutil.which(starter[0]), *starter[1:], "-E", "LD_PRELOAD=" + self.probe]
         else:
-            variables["LD_PRELOAD"] = os.environ["PROBE"]
-        run = subprocess.run([*emulator, os.environ["TOOL"], *arguments], env=variables,
+            variables["LD_PRELOAD"] = self.probe
+        run = subprocess.run([*starter, self.tool, *arguments], env=variables,
                              stdin=subprocess.DEVNULL, capture_output=True, text=True,
+                             preexec_fn=self.prepare, pass_fds=self.inherited,
                              timeout=60, check=False)
+        return run, self.take_trace()
+
+    def take_trace(self):
+        """The trace of the run that has ended."""
         trace = read(TRACE_FILE)
         os.remove(TRACE_FILE)
-        self.assertEqual(run.returncode, 0, f"{trace}\n{run.stderr}")
-        return Run(plain_trace(trace), run.stdout, run.stderr)
+        return trace
