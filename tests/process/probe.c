@@ -3,14 +3,15 @@
  * writes down, in their order, the calls that reach it and the text that the tool prints.
  *
  * PROBE_ROOT       the files under /proc/partitions, /proc/scsi and /proc/bus are looked for here
- * PROBE_TRACE      the file that the trace goes to
+ * PROBE_TRACE      the file that the trace goes to, unless its descriptor is open already
  * PROBE_MOUNT      results of mount, as in "-1,0"; the last one repeats
  * PROBE_UMOUNT     results of umount
  * PROBE_ERRNO      errno after each shell command; unset: as before the command
  *
  * The trace has a line for each call. What the tool printed since the last one stands before it,
  * each line behind "out "; "out-" leads a line that had not ended. Nothing here changes errno.
- * The stack below main is full of dirt, and gets dirty again with each call that is traced.
+ * The stack below main is full of dirt, and gets dirty again with each call that is traced,
+ * unless the trace was open already.
  */
 #define _GNU_SOURCE
 #include <dirent.h>
@@ -27,6 +28,7 @@
 #include <time.h>
 #include <unistd.h>
 
+#include "tests/process/probe.h"
 #include "tests/support/dirty_stack.h"
 
 enum {
@@ -38,12 +40,13 @@ enum {
 };
 
 static int start_descriptors[kLowDescriptors];
-static size_t seen; /* bytes of stdout's buffer that are in the trace */
+static int is_limited; /* by a test whose limits leave no room to open the trace, nor for dirt */
+static size_t seen;    /* bytes of stdout's buffer that are in the trace */
 
 /* The next definition of a function, which is the C library's. */
 #define REAL(function) ((__typeof__(&(function)))dlsym(RTLD_NEXT, #function))
 
-static void WriteTrace(const char* text, size_t size) {
+void WriteTrace(const char* text, size_t size) {
     if (write(kTraceFd, text, size) != (ssize_t)size) {
         abort();
     }
@@ -68,6 +71,12 @@ static void TraceOutput(void) {
     }
 }
 
+static void DirtyWideStack(void) {
+    if (!is_limited) {
+        DirtyStack();
+    }
+}
+
 static int IsOpen(int descriptor) {
     return fcntl(descriptor, F_GETFD) != -1;
 }
@@ -83,7 +92,7 @@ static void Trace(const char* format, ...) {
     va_end(values);
     line[length] = '\n';
     WriteTrace(line, (size_t)length + 1);
-    DirtyStack();
+    DirtyWideStack();
     errno = kept_errno;
 }
 
@@ -97,24 +106,33 @@ static void TraceNewDescriptors(void) {
     errno = kept_errno;
 }
 
-__attribute__((constructor)) static void Start(void) {
+static void OpenTrace(void) {
+    is_limited = fcntl(kTraceFd, F_SETFD, FD_CLOEXEC) != -1;
+    if (is_limited) {
+        return;
+    }
     const int file = open(getenv("PROBE_TRACE"), O_WRONLY | O_APPEND | O_CREAT, 0644);
     if (file < 0 || dup3(file, kTraceFd, O_CLOEXEC) < 0) {
         perror("probe: opening the trace");
         abort();
     }
     close(file);
+}
+
+__attribute__((constructor)) static void Start(void) {
+    OpenTrace();
     for (int descriptor = 0; descriptor < kLowDescriptors; ++descriptor) {
         start_descriptors[descriptor] = IsOpen(descriptor);
     }
     unsetenv("LD_PRELOAD"); /* the commands that the tool starts are not watched */
+    CountAllocations();
 }
 
 typedef int MainFunction(int, char**, char**);
 static MainFunction* tools_main;
 
 static int MainInDirt(int argc, char** argv, char** environment) {
-    DirtyStack();
+    DirtyWideStack();
     return tools_main(argc, argv, environment);
 }
 
