@@ -3,6 +3,7 @@
 import fcntl
 import os
 import resource
+import shutil
 import signal
 
 import story
@@ -51,25 +52,37 @@ class Limits(OutcomeTest):
             resource.setrlimit(limit, (value, value))
         self.prepare = prepare
 
-    def lowest(self, limit, unit, enough):
-        """The lowest value, in units, with which `main` is reached: the loader bears no less."""
-        if EMULATOR:
-            self.skipTest("the lowest limit would be the emulator's")
+    def lowest_of(self, program, first_step, limit, unit, enough):
+        """The lowest value, in units, with which a program takes its first step."""
+        whole, self.tool = self.tool, program
         refused = 0
         while enough - refused > 1:
             tried = (refused + enough) // 2
             self.set_limit(limit, tried * unit)
-            if all(self.start_once("-x")[1].startswith(story.REOPEN[0]) for _ in range(3)):
+            if all(self.start_once("-x")[1].startswith(first_step) for _ in range(3)):
                 enough = tried
             else:
                 refused = tried
+        self.tool = whole
         self.assertGreater(refused, 0)
         return enough
 
-    def check_memory(self, limit, expected):
+    def lowest(self, limit, unit, enough, own):
+        """The lowest value with which `main` is reached.
+
+        It is what the loader needs for a program that does nothing, but for the tool's own part.
+        """
+        if EMULATOR:
+            self.skipTest("the lowest limit would be the emulator's")
+        value = self.lowest_of(self.tool, story.REOPEN[0], limit, unit, enough)
+        trivial = self.lowest_of(shutil.which("true"), story.EXIT[0], limit, unit, enough)
+        self.assertLessEqual(value, trivial + own)
+        return value
+
+    def check_memory(self, limit, own_pages, expected):
         """Runs the tool at the lowest limit, and at some above it."""
         self.skip_with(SANITIZER + COVERAGE, "an instrumented tool needs memory of its own")
-        lowest = self.lowest(limit, PAGE, 1 << 14)
+        lowest = self.lowest(limit, PAGE, 1 << 14, own_pages)
         for pages in range(lowest, lowest + PAGES_ABOVE, PAGES_STEP):
             with self.subTest(pages=pages):
                 self.set_limit(limit, pages * PAGE)
@@ -77,7 +90,7 @@ class Limits(OutcomeTest):
 
     @fault("Inputs", "one descriptor beside the standard streams, the least that the loader bears")
     def test_descriptors(self):
-        lowest = self.lowest(resource.RLIMIT_NOFILE, 1, TRACE)
+        lowest = self.lowest(resource.RLIMIT_NOFILE, 1, TRACE, 0)
         self.assertEqual(lowest, 4)
         for count in lowest, lowest + 1:
             self.set_limit(resource.RLIMIT_NOFILE, count)
@@ -87,19 +100,19 @@ class Limits(OutcomeTest):
            output="the kernel's version is missing where the command that writes it cannot"
                   " start")
     def test_address_space(self):
-        self.check_memory(resource.RLIMIT_AS, outcomes(story.good_attempt("sda", 7639)))
+        self.check_memory(resource.RLIMIT_AS, 64, outcomes(story.good_attempt("sda", 7639)))
 
     @fault("Inputs", "data as small as the loader bears, and a little larger",
            output="the kernel's version is missing where the command that writes it cannot"
                   " start")
     def test_data(self):
-        self.check_memory(resource.RLIMIT_DATA, outcomes(story.good_attempt("sda", 7639)))
+        self.check_memory(resource.RLIMIT_DATA, 8, outcomes(story.good_attempt("sda", 7639)))
 
     @fault("Inputs", "stack as small as the loader bears, and a little larger",
            output="the kernel's version is missing where the command that writes it cannot"
                   " start")
     def test_stack(self):
-        self.check_memory(resource.RLIMIT_STACK, {tuple(calls(WHOLE_RUN)): {
+        self.check_memory(resource.RLIMIT_STACK, 4, {tuple(calls(WHOLE_RUN)): {
             without_error(printed_text(WHOLE_RUN))}})
 
     @fault("Inputs", "file size limit, with SIGXFSZ ignored by the caller",
