@@ -46,8 +46,11 @@ class Control:
 
     def execute(self, command, **arguments):
         """Runs a command and returns its result."""
-        json.dump({"execute": command, "arguments": arguments}, self._stream)
-        self._stream.flush()
+        try:
+            json.dump({"execute": command, "arguments": arguments}, self._stream)
+            self._stream.flush()
+        except OSError as error:
+            raise MachineGone("the emulator takes no command") from error
         while True:
             answer = self._receive()
             if "event" in answer:
