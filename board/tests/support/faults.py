@@ -88,9 +88,9 @@ class FaultTest(BoardTest):
 
     def _assert_same_files(self):
         for stick, (digests, _) in self._sticks.items():
+            expected = {key: value for key, value in digests.items() if key[1] != EXPORT}
             now = stick.digests()
-            self.assertEqual({key: now.get(key) for key in digests if key[1] != EXPORT},
-                             {key: digests[key] for key in digests if key[1] != EXPORT})
+            self.assertEqual({key: now.get(key) for key in expected}, expected)
 
     def _assert_nothing_new_found(self):
         for stick, (_, findings) in self._sticks.items():
