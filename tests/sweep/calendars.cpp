@@ -1,7 +1,6 @@
 // Every day of the years -10,000 to 10,000 through each calendar, both ways. The witnesses are the
 // published formulas in doubles and, where leap rule and formulas agree, the walk from day to day.
 
-#include <climits>
 #include <sstream>
 
 #include "tests/sweep/sweep.h"

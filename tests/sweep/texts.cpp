@@ -1,8 +1,6 @@
 // Every text of up to five characters of the alphabets that matter through each text parser,
 // against the second implementation of the parser.
 
-#include <iterator>
-
 #include "tests/sweep/sweep.h"
 #include "tests/vectors/call.h"
 

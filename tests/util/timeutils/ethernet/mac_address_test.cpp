@@ -2,15 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
-#include <cstdint>
-#include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "tests/support/exact_copy.h"
 #include "tests/support/guarded_buffer.h"
