@@ -8,11 +8,13 @@ clusters come back as files in the root, which is how fsck.fat keeps them.
 
 import mmap
 import os
+import random
 import re
 import subprocess
 import tempfile
 from collections import Counter
 from concurrent.futures import ProcessPoolExecutor
+from contextlib import contextmanager
 from dataclasses import dataclass, field
 from functools import partial
 from pathlib import Path
@@ -24,7 +26,8 @@ from tests.support.tool import FOLDER_ON_STICK
 
 DIRTY = {FAT12_BITS: 37, FAT16_BITS: 37, FAT32_BITS: 65}  # byte of the boot sector with the bit
 REPAIR, LOOK = "-a", "-n"  # words of fsck.fat
-REPAIRS = 2                # after which nothing is left to find
+REPAIRS = 2                # after which nothing is left to find, when the order is the kernel's,
+REPAIRS_ANY_ORDER = 3      # and when the folder's record was written and its place in the table not
 REPAIR_BOUND_S = 60
 EXPORT = re.compile(FOLDER_ON_STICK)
 EXPORT_OR_SAVED = re.compile(rf"{FOLDER_ON_STICK}|FSCK\d{{4}}\.REC")
@@ -73,12 +76,12 @@ def fsck(image, word):
 class Examination:
     """Looks at states of one volume, in an image file that shows them to fsck.fat too."""
 
-    def __init__(self, before, image, repair):
+    def __init__(self, before, image, repairs):
         image.write_bytes(before)
         with open(image, "r+b") as file:
             self._shown = mmap.mmap(file.fileno(), 0)
         self._image = image
-        self._repair = repair
+        self._repairs = repairs
         self._volume = Volume(self._shown)
         self._old = dict(self._volume.entries())
         self._old_links = self._links()
@@ -113,7 +116,7 @@ class Examination:
         """Looks at a state, given as the first part of the volume: the rest never changes."""
         self._shown[:len(state)] = state
         faults = self._faults(EXPORT)
-        if self._repair:
+        if self._repairs:
             faults += self._repaired()
         self.figures.distinct += 1
         self.figures.faulty += bool(faults)
@@ -130,7 +133,7 @@ class Examination:
                   if not (NOTES.fullmatch(line) or line.startswith(f"/{FOLDER_ON_STICK}"))]
         repairs = 1
         while (left := fsck(self._image, LOOK)) != (0, []):
-            if repairs == REPAIRS:
+            if repairs == self._repairs:
                 faults += [f"not repaired: {left}"]
                 break
             fsck(self._image, REPAIR)
@@ -155,19 +158,46 @@ class Examination:
         return self.figures
 
 
-def examine_part(before, written, repair, first, last):
-    """The figures of some of the states."""
+@contextmanager
+def examination(before, repairs):
+    """An examination with an image file of its own."""
     with tempfile.TemporaryDirectory(prefix="torn-") as folder:
-        examination = Examination(before, Path(folder) / "image", repair)
-        return examination.run(before, written, first, last)
+        yield Examination(before, Path(folder) / "image", repairs)
 
 
-def examine(before, written, repair=True):
-    """The figures of all states: that of before, and one after each sector."""
+def examine_part(before, written, repairs, first, last):
+    """The figures of some of the states."""
+    with examination(before, repairs) as part:
+        return part.run(before, written, first, last)
+
+
+def examine(before, written, repairs=REPAIRS):
+    """The figures of all states: that of before, and one after each sector.
+
+    So many repairs leave nothing to find; 0: nothing is repaired.
+    """
     processors = len(os.sched_getaffinity(0))
     edges = [part * (len(written) + 1) // processors for part in range(processors + 1)]
     figures = Figures()
     with ProcessPoolExecutor(processors) as pool:
-        for part in pool.map(partial(examine_part, before, written, repair), edges, edges[1:]):
+        for part in pool.map(partial(examine_part, before, written, repairs), edges, edges[1:]):
             figures.add(part)
     return figures
+
+
+def examine_any_order(before, written, count, seed):
+    """The figures of states in which some sectors are written, whatever their order."""
+    chance = random.Random(seed)
+    with examination(before, REPAIRS_ANY_ORDER) as states:
+        for number in range(count):
+            some = [each for each in written if chance.random() < 0.5]
+            states.look_at(number, replayed(before, some))
+        states.figures.states = count
+        return states.figures
+
+
+def examine_one(before, after):
+    """The figures of one state, of which no more is known."""
+    with examination(before, REPAIRS_ANY_ORDER) as state:
+        state.look_at(0, after)
+        return state.figures

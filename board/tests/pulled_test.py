@@ -26,9 +26,7 @@ class Pulled(FaultTest):
 
     def assert_repairable(self, stick, before):
         """What a power cut may do to a stick was done to it, and no more."""
-        examination = torn.Examination(before, self.terminal.folder / "torn.img", repair=True)
-        examination.look_at(0, stick.image.read_bytes())
-        self.assertEqual(examination.figures.faults, [])
+        self.assertEqual(torn.examine_one(before, stick.image.read_bytes()).faults, [])
 
     def pull_out(self, hold, program="cp"):
         """Pulls the stick out while a command of the tool is held."""
