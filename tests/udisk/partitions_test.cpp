@@ -89,6 +89,15 @@ TEST_F(ReadPartitionList, PassesOverTwoLinesWithoutScanning) {
     EXPECT_EQ(terminal_.calls, kNoLog);
 }
 
+TEST_F(ReadPartitionList, TakesAHeaderLineOf254CharactersWhole) {
+    terminal_.partitions = std::string(254, 'h') + "\n\n8 0 1 sda\n";
+    EXPECT_EQ(ReadPartitions(), (Texts{"sda 1"}));
+    terminal_.partitions = std::string(255, 'h') + "\n8 0 1 sda\n";  // its end is a line
+    EXPECT_EQ(ReadPartitions(), (Texts{"sda 1"}));
+    terminal_.partitions = "\n" + std::string(254, 'h') + "\n8 0 1 sda\n";
+    EXPECT_EQ(ReadPartitions(), (Texts{"sda 1"}));
+}
+
 TEST_F(ReadPartitionList, IsEmptyWhenTheFileEndsBeforeTheThirdLine) {
     for (const char* content : {"", "\n", "major minor  #blocks  name\n", "8 0 1 sda",
                                 "major minor  #blocks  name\n\n", "\n8 0 1 sda\n", "a\nb"}) {

@@ -72,7 +72,30 @@ TEST_F(TrGetFileNameTest, DoesNotReadBehindTheKernelsEntry) {
     ASSERT_EQ(TrOpenFolder(folder().c_str()), 1);
     auto entry = Filled<struct dirent>(kFill);
     ASSERT_EQ(TrGetFileName(&entry, nullptr), 1);
-    EXPECT_EQ(BytesOf(entry).substr(0, length), std::string(block.get(), length));
+    EXPECT_EQ(BytesOf(entry), std::string(block.get(), length) +
+                                  std::string(sizeof entry - length, '\0'));
+}
+
+TEST_F(TrGetFileNameTest, CopiesOfALongerRecordWhatFits) {
+    struct {
+        struct dirent entry;
+        char more[40];
+    } given;
+    memset(&given, 0x11, sizeof given);
+    given.entry.d_reclen = sizeof given;
+    FakeFolders fake;
+    Give(fake, &given.entry);
+    ASSERT_EQ(TrOpenFolder(folder().c_str()), 1);
+    struct {
+        struct dirent entry;
+        char behind[40];
+    } out;
+    memset(&out, kFill, sizeof out);
+    ASSERT_EQ(TrGetFileName(&out.entry, nullptr), 1);
+    auto expected = given.entry;
+    expected.d_name[sizeof expected.d_name - 1] = '\0';
+    EXPECT_EQ(BytesOf(out.entry), BytesOf(expected));
+    EXPECT_EQ(BytesOf(out.behind), std::string(sizeof out.behind, kFill));
 }
 
 TEST_F(TrGetFileNameTest, DeliversTheRecordsOfTheFile) {

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "tests/support/used_stack.h"
 #include "util/timeutils.h"
 
 static_assert(std::is_same_v<decltype(GetSysSecond()), int>);
@@ -17,11 +18,12 @@ struct FakeSysinfo {
     bool is_on = false;
     int64_t uptime = 0;
     int result = 0;
+    bool writes = true;
 };
 FakeSysinfo gFake;
 
 int SecondsWith(int64_t uptime, int result = 0) {
-    gFake = {true, uptime, result};
+    gFake = {true, uptime, result, true};
     const int seconds = GetSysSecond();
     gFake = {};
     return seconds;
@@ -38,7 +40,9 @@ int __wrap_sysinfo(struct sysinfo* info) {
     if (!gFake.is_on) {
         return __real_sysinfo(info);
     }
-    info->uptime = static_cast<decltype(info->uptime)>(gFake.uptime);
+    if (gFake.writes) {
+        info->uptime = static_cast<decltype(info->uptime)>(gFake.uptime);
+    }
     return gFake.result;
 }
 
@@ -56,6 +60,14 @@ TEST(GetSysSecond, KeepsTheLow32Bits) {
 
 TEST(GetSysSecond, DoesNotLookAtTheResultOfTheCall) {
     EXPECT_EQ(SecondsWith(77, -1), 77);
+}
+
+TEST(GetSysSecond, IsZeroWithoutAnAnswer) {
+    gFake = {.is_on = true, .result = -1, .writes = false};
+    UseStack("7");
+    const int seconds = GetSysSecond();
+    gFake = {};
+    EXPECT_EQ(seconds, 0);
 }
 
 TEST(GetSysSecond, LiesBetweenTwoReadingsOfTheSystem) {

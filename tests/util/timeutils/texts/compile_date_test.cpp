@@ -4,11 +4,13 @@
 
 #include <climits>
 #include <string>
+#include <string_view>
 
 #include "tests/support/exact_copy.h"
 #include "tests/support/guarded_buffer.h"
 #include "tests/support/inputs.h"
 #include "tests/support/log_lines.h"
+#include "tests/support/used_stack.h"
 #include "tests/util/timeutils/texts/naive_texts.h"
 #include "util/timeutils.h"
 
@@ -78,6 +80,24 @@ TEST(ConvertCompileDate, OnlyThe39FirstCharactersCount) {
     EXPECT_EQ(Converted("May  17   " + blanks + "2024"), "00200517");
     EXPECT_EQ(Converted("May 17 2024" + std::string(500, '9')), "21474836470517");
     EXPECT_EQ(Converted(many_blanks + "May 17 2024"), "00000000");
+}
+
+TEST(ConvertCompileDate, EndsAfter39CharactersWhateverTheStackHolds) {
+    const std::string text = "May  17 " + std::string(27, ' ') + "20249";
+    char digits[16];
+    UseStack("7");
+    ConvertCompileDate(text.c_str(), digits, sizeof digits);
+    EXPECT_STREQ(digits, "20240517");
+}
+
+TEST(ConvertCompileDate, FindsNoMonthOnTheStack) {
+    const std::string_view kName = "May";
+    for (size_t shift = 0; shift < kName.size(); ++shift) {
+        char digits[16];
+        UseStack(kName, shift);
+        ConvertCompileDate("", digits, sizeof digits);
+        EXPECT_STREQ(digits, "00000000") << shift;
+    }
 }
 
 TEST(ConvertCompileDate, ALongMonthWordDoesNoHarm) {

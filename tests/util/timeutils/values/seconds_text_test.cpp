@@ -10,6 +10,7 @@
 #include "tests/support/exact_copy.h"
 #include "tests/support/log_lines.h"
 #include "tests/support/time_zone.h"
+#include "tests/support/used_stack.h"
 #include "tests/util/timeutils/date_records.h"
 #include "util/timeutils.h"
 
@@ -146,6 +147,17 @@ TEST(StrTimeToSec, CountsTheBiasAsEncodeTimeDoes) {
 TEST(StrTimeToSec, CountsFieldsThatTheTextDoesNotGiveAsZero) {
     EXPECT_EQ(StrTimeToSec("2024-05-07"), 1715040000);
     EXPECT_EQ(StrTimeToSec("2024-05-07 08:09:10"), 1715040000);
+}
+
+TEST(StrTimeToSec, TakesNoFieldFromTheStack) {
+    UseStack("7");
+    EXPECT_EQ(StrTimeToSec("2024-05-07"), 1715040000);
+}
+
+TEST(OldStrTimeToSec, TakesNoFieldFromTheStack) {
+    const int expected = OldStrTimeToSec("2024-05-07T00:00:00");
+    UseStack("7");
+    EXPECT_EQ(OldStrTimeToSec("2024-05-07"), expected);
 }
 
 TEST(OldStrTimeToSec, CountsMonthsOf31Days) {
