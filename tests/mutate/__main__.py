@@ -1,11 +1,15 @@
 """Plants faults one at a time and runs the suites that can see them; see script/mutate.
 
 Called in tests/mutate/enter, with the folders of the sources and of the build, the number of
-faults, a seed, and another list of known ones if any. A fault that changes no code is not counted in that number.
+faults, a seed, and another list of known ones if any. A fault that changes no code is not counted
+in that number.
+MUTATE_WORKERS sets how many are tried at a time, MUTATE_VERBOSE shows all outcomes.
 """
 
+import json
 import os
 import resource
+import signal
 import sys
 import threading
 import time
@@ -70,13 +74,25 @@ def show(number, outcome):
 
 
 def measure(found, build):
-    """Runs each suite without a fault; the names of those that fail."""
+    """Runs each suite without a fault; the names of those that fail.
+
+    A suite that is one program is not run again as long as that is the same.
+    """
+    kept_file = build / "times.json"
+    kept = json.loads(kept_file.read_text(encoding="utf-8")) if kept_file.exists() else {}
     failed = []
     for suite in found:
-        suite.cpu_s = 60
-        passed, suite.cpu_s, _ = suites.run(suite, Path(build) / "bin" / suite.program)
-        if not passed:
-            failed.append(suite.name)
+        program = build / "bin" / suite.program
+        version = str(program.stat().st_mtime_ns)
+        if suite.name != suite.program or kept.get(suite.name, [""])[0] != version:
+            suite.cpu_s = 60
+            passed, cpu_s, _ = suites.run(suite, program, build)
+            if not passed:
+                failed.append(suite.name)
+                continue
+            kept[suite.name] = [version, cpu_s]
+            kept_file.write_text(json.dumps(kept), encoding="utf-8")
+        suite.cpu_s = kept[suite.name][1]
     return failed
 
 
@@ -107,6 +123,9 @@ def figures(outcomes, reasons, start):
 
 def main(root, build, count, seed, listed=known.LIST):
     start = time.monotonic()
+    # A shell's background jobs ignore these, and what they start would do so too.
+    signal.signal(signal.SIGINT, signal.default_int_handler)
+    signal.signal(signal.SIGQUIT, signal.SIG_DFL)
     root, build = Path(root), Path(build)
     files = product_files(root)
     reasons = known.read(Path(listed).read_text(encoding="utf-8"))
@@ -123,7 +142,7 @@ def main(root, build, count, seed, listed=known.LIST):
         return 1
     bench = Bench(Compiler(root, build), linker, found, build / "mutants")
     run = Run(bench, drawn(root, files, seed), count)
-    outcomes = run.all(len(os.sched_getaffinity(0)))
+    outcomes = run.all(int(os.environ.get("MUTATE_WORKERS", len(os.sched_getaffinity(0)))))
 
     table = {"seed": seed, **figures(outcomes, reasons, start)}
     print("\n".join(f"{label}: {figure}" for label, figure in table.items()))

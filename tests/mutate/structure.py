@@ -189,11 +189,18 @@ class Structure:
         """f(x) as x alone: a conversion, a rounding, a limit that is lost."""
         for index, parts in self.lists():
             if len(parts) == 1 and self.is_operator(index, "(") and (
-                    self.found[index - 1].kind == WORD) and not self.is_operator(index - 2, ".",
-                                                                                  "->", "::"):
+                    self.found[index - 1].kind == WORD) and not self.is_named_before(index - 1):
                 end = self.found[self.partners[index]].end
                 yield ("removal", self.found[index - 1].start, end,
                        f"({self.text(*parts[0])})")
+
+    def is_named_before(self, index):
+        """Whether a type or an object stands before the name: a declaration, a member's call."""
+        before = self.found[index - 1]
+        if before.kind == WORD:
+            return before.text not in ("return", "else", "case", "do")
+        return before.text in (".", "->", "::") or (before.text in "*&" and not before.is_spaced
+                                                    and self.found[index].start == before.end + 1)
 
     def faults(self):
         """(category, start, end, text) of every fault of a statement."""

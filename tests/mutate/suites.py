@@ -102,7 +102,7 @@ def suites_of(build, linker):
     return found
 
 
-def run(suite, program):
+def run(suite, program, build):
     """(whether it passed, processor seconds, whether it ran out of time)."""
     command = [str(program) if word.endswith(f"/bin/{suite.program}") else word
                for word in suite.command]
@@ -111,7 +111,7 @@ def run(suite, program):
         environment["TOOL"] = str(program)
     limit_s = int(4 + 5 * suite.cpu_s)
     start = time.monotonic()
-    with subprocess.Popen([HERE / "run_suite", str(limit_s), *command], cwd=suite.folder,
+    with subprocess.Popen([HERE / "run_suite", str(limit_s), build, *command], cwd=suite.folder,
                           env=environment, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                           stderr=subprocess.DEVNULL) as process:
         timer_ran_out = False

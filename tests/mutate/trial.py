@@ -85,7 +85,7 @@ class Bench:
             program = folder / "bin" / suite.program
             if not self.linker.link(suite.program, replaced, program):
                 return Outcome(mutant, NOT_COMPILED)
-            passed, _, is_late = suites.run(suite, program)
+            passed, _, is_late = suites.run(suite, program, self.compiler.build)
             program.unlink()
             if not passed:
                 suite.kills[mutant.file] = suite.kills.get(mutant.file, 0) + 1
