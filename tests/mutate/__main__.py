@@ -6,7 +6,6 @@ in that number.
 MUTATE_WORKERS sets how many are tried at a time, MUTATE_VERBOSE shows all outcomes.
 """
 
-import json
 import os
 import resource
 import signal
@@ -73,29 +72,6 @@ def show(number, outcome):
         print(f"{number} tried", flush=True)
 
 
-def measure(found, build):
-    """Runs each suite without a fault; the names of those that fail.
-
-    A suite that is one program is not run again as long as that is the same.
-    """
-    kept_file = build / "times.json"
-    kept = json.loads(kept_file.read_text(encoding="utf-8")) if kept_file.exists() else {}
-    failed = []
-    for suite in found:
-        program = build / "bin" / suite.program
-        version = str(program.stat().st_mtime_ns)
-        if suite.name != suite.program or kept.get(suite.name, [""])[0] != version:
-            suite.cpu_s = 60
-            passed, cpu_s, _ = suites.run(suite, program, build)
-            if not passed:
-                failed.append(suite.name)
-                continue
-            kept[suite.name] = [version, cpu_s]
-            kept_file.write_text(json.dumps(kept), encoding="utf-8")
-        suite.cpu_s = kept[suite.name][1]
-    return failed
-
-
 def figures(outcomes, reasons, start):
     """The table that is printed and kept."""
     count = {result: sum(1 for outcome in outcomes if outcome.result == result)
@@ -137,10 +113,10 @@ def main(root, build, count, seed, listed=known.LIST):
         return 1
     linker = suites.Linker(build)
     found = suites.suites_of(build, linker)
-    if failed := measure(found, build):
+    bench = Bench(Compiler(root, build), linker, found, build / "mutants")
+    if failed := bench.measure():
         print(f"fail without a fault: {', '.join(failed)}", file=sys.stderr)
         return 1
-    bench = Bench(Compiler(root, build), linker, found, build / "mutants")
     run = Run(bench, drawn(root, files, seed), count)
     outcomes = run.all(int(os.environ.get("MUTATE_WORKERS", len(os.sched_getaffinity(0)))))
 

@@ -38,7 +38,7 @@ class Linker:
             printed = subprocess.run(["ninja", "-C", self.build, "-t", "commands",
                                       f"bin/{program}"], check=True, capture_output=True,
                                      text=True).stdout
-            line = printed.splitlines()[-1]
+            line = printed.splitlines()[-1].replace("\\$", "$")  # the shell's, within quotes
             self.words[program] = [word for word in shlex.split(line) if word not in (":", "&&")]
         return self.words[program]
 

@@ -15,6 +15,7 @@
 #include "tests/support/exact_copy.h"
 #include "tests/support/guarded_buffer.h"
 #include "tests/support/inputs.h"
+#include "tests/support/used_stack.h"
 #include "tests/util/timeutils/any_int.h"
 
 namespace {
@@ -47,6 +48,13 @@ TEST(ReadField, TakesWhiteSpaceAndASignBeforeTheDigits) {
     EXPECT_EQ(Read("-7", 2), -7);
     EXPECT_EQ(Read("-24-", 4), -24);
     EXPECT_EQ(Read("- 7", 4), 0);
+}
+
+TEST(ReadField, TakesNoDigitFromTheStack) {
+    UseStack("7");
+    EXPECT_EQ(ReadOddField("+12345", 2), 1);
+    UseStack("7");
+    EXPECT_EQ(ReadOddField("+12345", 4), 123);
 }
 
 TEST(ReadField, ReadsNothingAfterTheEndOfTheText) {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "tests/support/log_lines.h"
+#include "tests/support/used_stack.h"
 #include "util/fileutils.h"
 
 namespace {
@@ -134,6 +135,14 @@ TEST_F(CreateMulvPathTest, TakesAFileForAnExistingLevel) {
 TEST_F(CreateMulvPathTest, TakesADanglingLinkForAMissingLevel) {
     fs::create_symlink("nowhere", "link");
     EXPECT_EQ(LogOf("link/"), (std::vector<LogLine>{Length("link/"), Create(4, "link")}));
+}
+
+TEST_F(CreateMulvPathTest, EndsThePathWhateverTheStackHolds) {
+    CapturedLog log;
+    const std::string path(1100, 'x');
+    UseStack("7");
+    CreateMulvPath(path.c_str());
+    EXPECT_EQ(log.Take(), (std::vector<LogLine>{Length(path.substr(0, 1023))}));
 }
 
 TEST_F(CreateMulvPathTest, CutsThePathTo1023Characters) {

@@ -72,8 +72,8 @@ TEST_F(TrGetFileNameTest, DoesNotReadBehindTheKernelsEntry) {
     ASSERT_EQ(TrOpenFolder(folder().c_str()), 1);
     auto entry = Filled<struct dirent>(kFill);
     ASSERT_EQ(TrGetFileName(&entry, nullptr), 1);
-    EXPECT_EQ(BytesOf(entry), std::string(block.get(), length) +
-                                  std::string(sizeof entry - length, '\0'));
+    EXPECT_EQ(BytesOf(entry),
+              std::string(block.get(), length) + std::string(sizeof entry - length, '\0'));
 }
 
 TEST_F(TrGetFileNameTest, CopiesOfALongerRecordWhatFits) {

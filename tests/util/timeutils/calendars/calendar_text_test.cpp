@@ -170,6 +170,7 @@ TEST(CalendarTexts, AreBoundedBySizeExceptForADateAlone) {
             buf.ExpectHolds(written);
         };
         expect("2024-03-20 08:05:06", 20, 4, Terminated("2024-03-20T08:05:00"));
+        expect("2024-03-20 08:05:06", 65536, 4, Terminated("2024-03-20T08:05:00"));
         expect("2024-03-20 08:05:06", 12, 4, Terminated("2024-03-20T") + Terminated("8:05:06"));
         expect("2024-03-20 08:05:06", 0, 4, Terminated("2024-03-20 08:05:06"));
         expect("12:34:56", 4, 2, Terminated("00:") + Terminated("4:56"));
