@@ -1,6 +1,7 @@
 """The faults that are planted, and the order in which they are drawn."""
 
 import itertools
+import sys
 import tempfile
 import unittest
 from pathlib import Path
@@ -133,4 +134,4 @@ class Mutants(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    unittest.main(argv=sys.argv[:1])

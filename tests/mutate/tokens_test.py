@@ -1,5 +1,6 @@
 """C++ as tokens."""
 
+import sys
 import unittest
 
 from tests.mutate.tokens import pairs, tokens, without_comments
@@ -64,4 +65,4 @@ class WithoutComments(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    unittest.main(argv=sys.argv[:1])

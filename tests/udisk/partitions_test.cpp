@@ -90,11 +90,13 @@ TEST_F(ReadPartitionList, PassesOverTwoLinesWithoutScanning) {
 }
 
 TEST_F(ReadPartitionList, TakesAHeaderLineOf254CharactersWhole) {
-    terminal_.partitions = std::string(254, 'h') + "\n\n8 0 1 sda\n";
+    std::string header(254, 'h');
+    terminal_.partitions = header + "\n\n8 0 1 sda\n";
     EXPECT_EQ(ReadPartitions(), (Texts{"sda 1"}));
-    terminal_.partitions = std::string(255, 'h') + "\n8 0 1 sda\n";  // its end is a line
+    terminal_.partitions = std::string("\n").append(header).append("\n8 0 1 sda\n");
     EXPECT_EQ(ReadPartitions(), (Texts{"sda 1"}));
-    terminal_.partitions = "\n" + std::string(254, 'h') + "\n8 0 1 sda\n";
+    header += 'h';
+    terminal_.partitions = header + "\n8 0 1 sda\n";  // the newline is a line of its own
     EXPECT_EQ(ReadPartitions(), (Texts{"sda 1"}));
 }
 
