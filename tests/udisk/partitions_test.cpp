@@ -90,13 +90,13 @@ TEST_F(ReadPartitionList, PassesOverTwoLinesWithoutScanning) {
 }
 
 TEST_F(ReadPartitionList, TakesAHeaderLineOf254CharactersWhole) {
-    std::string header(254, 'h');
-    terminal_.partitions = header + "\n\n8 0 1 sda\n";
+    std::string list;
+    terminal_.partitions = list.assign(254, 'h').append("\n\n8 0 1 sda\n");
     EXPECT_EQ(ReadPartitions(), (Texts{"sda 1"}));
-    terminal_.partitions = std::string("\n").append(header).append("\n8 0 1 sda\n");
+    terminal_.partitions = list.assign("\n").append(254, 'h').append("\n8 0 1 sda\n");
     EXPECT_EQ(ReadPartitions(), (Texts{"sda 1"}));
-    header += 'h';
-    terminal_.partitions = header + "\n8 0 1 sda\n";  // the newline is a line of its own
+    // One more, and its newline is a line of its own.
+    terminal_.partitions = list.assign(255, 'h').append("\n8 0 1 sda\n");
     EXPECT_EQ(ReadPartitions(), (Texts{"sda 1"}));
 }
 
