@@ -1,0 +1,80 @@
+"""docs/proof.md: the figures of the last complete run, of every command that proves something.
+
+    python3 -B -m tests.proof SECONDS     writes the page; the run took this long
+"""
+
+import datetime
+import os
+import subprocess
+import sys
+from pathlib import Path
+
+ROOT = Path(__file__).parents[1]
+FIGURES = ROOT / "build/figures"
+DOCUMENT = ROOT / "docs/proof.md"
+# The files of figures in the order of the page, and the command that leaves each of them.
+COMMANDS = {
+    "test": "script/test",
+    "board_1": "script/test",
+    "board_2": "script/test",
+    "power_cut": "script/board power_cut",
+    "pulled": "script/board long",
+    "runs_in_a_row": "script/board long",
+    "inject": "script/inject",
+    "coverage": "script/coverage",
+    "mutate": "script/mutate 60",
+    "vectors": "script/vectors replay",
+    "sweep": "script/sweep",
+    "fuzz": "script/fuzz all 30",
+    "abi": "script/abi",
+    "analyse": "script/analyse",
+    "sanitize": "script/sanitize",
+}
+PAGE = """# Proof
+
+`script/test all` runs every proof there is and writes this page. Each command can be run alone.
+The page is of {date}, commit {commit}, {processors} processors, {minutes} minutes in all.
+
+| command | what | figure |
+|---|---|---|
+{rows}
+"""
+
+
+def figures(name):
+    """(label, figure) of a command's file."""
+    text = (FIGURES / f"{name}.tsv").read_text(encoding="utf-8")
+    return [line.split("\t") for line in text.splitlines()]
+
+
+def missing():
+    """What keeps the page from being whole: commands without figures, files of no command."""
+    found = {file.stem for file in FIGURES.glob("*.tsv")}
+    yield from (f"{COMMANDS[name]} left no figures in build/figures/{name}.tsv"
+                for name in COMMANDS if name not in found or not figures(name))
+    yield from (f"build/figures/{name}.tsv: name its command in tests/proof.py"
+                for name in sorted(found - set(COMMANDS)))
+
+
+def page(seconds):
+    """The text of the page."""
+    commit = subprocess.run(["git", "rev-parse", "--short", "HEAD"], cwd=ROOT, check=True,
+                            capture_output=True, text=True).stdout.strip()
+    rows = [f"| `{command}` | {label} | {figure} |"
+            for name, command in COMMANDS.items() for label, figure in figures(name)]
+    return PAGE.format(date=datetime.date.today(), commit=commit, processors=os.cpu_count(),
+                       minutes=round(int(seconds) / 60), rows="\n".join(rows))
+
+
+def main(seconds):
+    """Returns the exit status."""
+    if faults := list(missing()):
+        print("\n".join(faults), file=sys.stderr)
+        return 1
+    DOCUMENT.write_text(page(seconds), encoding="utf-8")
+    print(DOCUMENT.read_text(encoding="utf-8"), end="")
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(*sys.argv[1:]))
