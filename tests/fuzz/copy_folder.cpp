@@ -212,5 +212,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
                              "the number of copies");
                  }),
                  expected);
+    gFolder = nullptr;
     return 0;
 }

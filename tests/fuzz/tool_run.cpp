@@ -234,5 +234,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     }
     gTerminal = &terminal;
     RequireTrace(Run(words), Expected(terminal, words));
+    gTerminal = nullptr;
     return 0;
 }

@@ -30,8 +30,9 @@ std::string Printed(int size, const char* format, Numbers... numbers) {
     });
 }
 
+// The bytes in front of the terminator.
 std::string TextOf(const std::string& bytes) {
-    return bytes.c_str();
+    return bytes.substr(0, bytes.find('\0'));
 }
 
 std::string DateText(int code, const Date& date) {

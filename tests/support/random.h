@@ -13,8 +13,10 @@ public:
     explicit Random(uint32_t seed) : engine_(seed) {}
 
     uint32_t Next() { return static_cast<uint32_t>(engine_()); }
+    // Unsigned: the limits may be further apart than an int is wide.
     int Between(int low, int high) {
-        return low + static_cast<int>(Next() % static_cast<uint32_t>(high - low + 1));
+        const uint32_t first = static_cast<uint32_t>(low);
+        return static_cast<int>(first + Next() % (static_cast<uint32_t>(high) - first + 1));
     }
     char OneOf(std::string_view alphabet) { return alphabet[Next() % alphabet.size()]; }
 
