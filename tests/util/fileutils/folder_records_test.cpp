@@ -83,6 +83,7 @@ TEST_F(TrGetFileNameTest, CopiesOfALongerRecordWhatFits) {
     } given;
     memset(&given, 0x11, sizeof given);
     given.entry.d_reclen = sizeof given;
+    given.more[sizeof given.more - 1] = '\0';  // the end of its name
     FakeFolders fake;
     Give(fake, &given.entry);
     ASSERT_EQ(TrOpenFolder(folder().c_str()), 1);
