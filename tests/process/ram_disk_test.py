@@ -49,3 +49,13 @@ class RamDisk(FaultTest):
         output = read(tool.OUTPUT_FILE)
         self.assertEqual(len(output), 4096)
         self.assertTrue(output.startswith(kernel_version() + tool.LEVELS))
+
+    @fault("Inputs", "RAM-disk file that is a link: what it leads to is written over")
+    def test_link(self):
+        elsewhere = "/mnt/test/elsewhere.txt"
+        write(elsewhere, "somebody's\n" * 1000)
+        os.symlink(elsewhere, tool.OUTPUT_FILE)
+        self.run_row(WHOLE_RUN, "-d", "EIWD")
+        self.assertTrue(os.path.islink(tool.OUTPUT_FILE))
+        self.assertTrue(read(elsewhere).startswith(kernel_version() + tool.LEVELS))
+        self.assertNotIn("somebody's", read(elsewhere))

@@ -116,6 +116,22 @@ class Manual(unittest.TestCase):
                                  f"{document} does not name the file {name}.log")
 
 
+class Security(unittest.TestCase):
+    """What SECURITY.md says of the tool is tried: each item names rows of the fault catalogue."""
+
+    longMessage = False
+
+    def test_each_item_names_rows_of_the_fault_catalogue(self):
+        rows = set(re.findall(r"`(test_\w+)` \|", read("docs/faults.md")))
+        items = re.findall(r"^- (.*(?:\n  .*)*)", read("SECURITY.md"), re.MULTILINE)
+        self.assertTrue(items, "SECURITY.md has no items")
+        for item in items:
+            with self.subTest(item=item):
+                named = set(re.findall(r"`(test_\w+)`", item))
+                self.assertTrue(named, f"no row of docs/faults.md is named: {item}")
+                self.assertLessEqual(named, rows, f"no row of docs/faults.md: {named - rows}")
+
+
 class Counts(unittest.TestCase):
     longMessage = False
 
