@@ -1,7 +1,7 @@
 """The kernel's `mount` and `umount` refuse: the tool tries the next one, and ends."""
 
 from board.terminal import SERIAL
-from board.tests.support.case import COPY
+from board.tests.support.case import PROGRAMS
 from board.tests.support.faults import FaultTest
 from tests.support import tool
 from tests.support.faults import BOUND_S, fault
@@ -61,10 +61,11 @@ class RefusedMounts(FaultTest):
     @fault("Failing system calls", "`umount`: somebody else has unmounted the disk during the copy"
                                    " (EINVAL)")
     def test_unmounted_by_another(self):
-        self.terminal.write(COPY, f"#!/bin/sh\numount {tool.MOUNT_POINT}\nexec /bin/cp $*\n")
-        self.terminal.check(f"chmod 755 {COPY}")
+        copy = f"{PROGRAMS}/cp"
+        self.terminal.write(copy, f"#!/bin/sh\numount {tool.MOUNT_POINT}\nexec /bin/cp $*\n")
+        self.terminal.check(f"chmod 755 {copy}")
         self.begin()
-        result = self.terminal.run("PATH=/tmp/bin:$PATH orvatool -d EIWD", bound_s=BOUND_S)
+        result = self.terminal.run(f"PATH={PROGRAMS}:$PATH orvatool -d EIWD", bound_s=BOUND_S)
         exported = tool.mounted("sda", self.small.mib()) + tool.exported(SERIAL, tool.NO_SUCH_FILE)
         self.assert_promises(result, tool.RELEASED_NOTHING, tool.MADE_MOUNT_POINT,
                              exported.removesuffix(tool.RELEASED), tool.RELEASED_NOTHING)

@@ -9,7 +9,7 @@
 
 #include "tests/support/random.h"
 
-#if defined(__arm__) || !defined(__OPTIMIZE__)
+#if defined(__arm__) || defined(__SANITIZE_ADDRESS__) || !defined(__OPTIMIZE__)
 constexpr int kRandomInputs = 100'000;  // slow programs take over a minute for a million of each
 #else
 constexpr int kRandomInputs = 1'000'000;

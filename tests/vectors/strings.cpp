@@ -151,7 +151,7 @@ const std::vector<Function>& StringFunctions() {
          },
          [](const Arguments& a, Outcome& out) {
              std::vector<int> numbers = a.List(0);
-             std::stable_sort(numbers.begin(), numbers.end());
+             std::sort(numbers.begin(), numbers.end());
              out << numbers;
          }},
         {"str2mac",
