@@ -12,10 +12,10 @@
 #include <string>
 #include <string_view>
 
+#include "tests/support/dirty_stack.h"
 #include "tests/support/exact_copy.h"
 #include "tests/support/guarded_buffer.h"
 #include "tests/support/inputs.h"
-#include "tests/support/used_stack.h"
 #include "tests/util/timeutils/any_int.h"
 
 namespace {
@@ -51,9 +51,9 @@ TEST(ReadField, TakesWhiteSpaceAndASignBeforeTheDigits) {
 }
 
 TEST(ReadField, TakesNoDigitFromTheStack) {
-    UseStack("7");
+    DirtyStackWith("7");
     EXPECT_EQ(ReadOddField("+12345", 2), 1);
-    UseStack("7");
+    DirtyStackWith("7");
     EXPECT_EQ(ReadOddField("+12345", 4), 123);
 }
 

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/dirty_stack.h"
 #include "tests/support/log_lines.h"
-#include "tests/support/used_stack.h"
 #include "util/fileutils.h"
 
 namespace {
@@ -140,7 +140,7 @@ TEST_F(CreateMulvPathTest, TakesADanglingLinkForAMissingLevel) {
 TEST_F(CreateMulvPathTest, EndsThePathWhateverTheStackHolds) {
     CapturedLog log;
     const std::string path(1100, 'x');
-    UseStack("7");
+    DirtyStackWith("7");
     CreateMulvPath(path.c_str());
     EXPECT_EQ(log.Take(), (std::vector<LogLine>{Length(path.substr(0, 1023))}));
 }

@@ -11,10 +11,10 @@
 #include <vector>
 
 #include "tests/support/captured_stream.h"
+#include "tests/support/dirty_stack.h"
 #include "tests/support/open_descriptors.h"
 #include "tests/support/recorded_log.h"
 #include "tests/support/time_zone.h"
-#include "tests/support/used_stack.h"
 #include "tests/util/timeutils/date_records.h"
 #include "util/timeutils.h"
 
@@ -157,7 +157,7 @@ TEST(SyncSysTime, SetsTheClockAlsoWhenTheZoneCannotBeRead) {
     FakeSystem fake;
     fake.get_error = EFAULT;
     TTime rec = KnownTime();
-    UseStack("7");
+    DirtyStackWith("7");
     EXPECT_EQ(SyncSysTime(&rec), 1);
     EXPECT_EQ(fake.calls, StepsAround({"gettimeofday", "settimeofday 1715069351.000000 zone 0 0"}));
 }

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <type_traits>
 
-#include "tests/support/used_stack.h"
+#include "tests/support/dirty_stack.h"
 #include "util/timeutils.h"
 
 static_assert(std::is_same_v<decltype(GetSysSecond()), int>);
@@ -64,7 +64,7 @@ TEST(GetSysSecond, DoesNotLookAtTheResultOfTheCall) {
 
 TEST(GetSysSecond, IsZeroWithoutAnAnswer) {
     gFake = {.is_on = true, .result = -1, .writes = false};
-    UseStack("7");
+    DirtyStackWith("7");
     const int seconds = GetSysSecond();
     gFake = {};
     EXPECT_EQ(seconds, 0);

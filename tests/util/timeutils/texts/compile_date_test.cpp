@@ -6,11 +6,11 @@
 #include <string>
 #include <string_view>
 
+#include "tests/support/dirty_stack.h"
 #include "tests/support/exact_copy.h"
 #include "tests/support/guarded_buffer.h"
 #include "tests/support/inputs.h"
 #include "tests/support/log_lines.h"
-#include "tests/support/used_stack.h"
 #include "tests/util/timeutils/texts/naive_texts.h"
 #include "util/timeutils.h"
 
@@ -85,7 +85,7 @@ TEST(ConvertCompileDate, OnlyThe39FirstCharactersCount) {
 TEST(ConvertCompileDate, EndsAfter39CharactersWhateverTheStackHolds) {
     const std::string text = "May  17 " + std::string(27, ' ') + "20249";
     char digits[16];
-    UseStack("7");
+    DirtyStackWith("7");
     ConvertCompileDate(text.c_str(), digits, sizeof digits);
     EXPECT_STREQ(digits, "20240517");
 }
@@ -94,7 +94,7 @@ TEST(ConvertCompileDate, FindsNoMonthOnTheStack) {
     const std::string_view kName = "May";
     for (size_t shift = 0; shift < kName.size(); ++shift) {
         char digits[16];
-        UseStack(kName, shift);
+        DirtyStackWith(kName, shift);
         ConvertCompileDate("", digits, sizeof digits);
         EXPECT_STREQ(digits, "00000000") << shift;
     }

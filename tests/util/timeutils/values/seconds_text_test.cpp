@@ -7,10 +7,10 @@
 #include <string>
 #include <type_traits>
 
+#include "tests/support/dirty_stack.h"
 #include "tests/support/exact_copy.h"
 #include "tests/support/log_lines.h"
 #include "tests/support/time_zone.h"
-#include "tests/support/used_stack.h"
 #include "tests/util/timeutils/date_records.h"
 #include "util/timeutils.h"
 
@@ -150,13 +150,13 @@ TEST(StrTimeToSec, CountsFieldsThatTheTextDoesNotGiveAsZero) {
 }
 
 TEST(StrTimeToSec, TakesNoFieldFromTheStack) {
-    UseStack("7");
+    DirtyStackWith("7");
     EXPECT_EQ(StrTimeToSec("2024-05-07"), 1715040000);
 }
 
 TEST(OldStrTimeToSec, TakesNoFieldFromTheStack) {
     const int expected = OldStrTimeToSec("2024-05-07T00:00:00");
-    UseStack("7");
+    DirtyStackWith("7");
     EXPECT_EQ(OldStrTimeToSec("2024-05-07"), expected);
 }
 
