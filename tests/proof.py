@@ -22,7 +22,7 @@ COMMANDS = {
     "runs_in_a_row": "script/board long",
     "inject": "script/inject",
     "coverage": "script/coverage",
-    "mutate": "script/mutate 60",
+    "mutate": "script/mutate 60 1",
     "vectors": "script/vectors replay",
     "sweep": "script/sweep",
     "fuzz": "script/fuzz all 30",
