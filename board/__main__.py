@@ -3,7 +3,7 @@
 python3 -m board BUILD [run | shell | long | N/M | TEST]: the tool comes from the ARM build folder
 BUILD; TEST is the name of a test or of a file in board/tests; without a word all tests run. The word
 long runs the tests that do one thing many times, with their large counts; 1/2 runs every second
-test from the first one, 2/2 the others.
+file of tests from the first one, 2/2 the others: the tests of a file make its figures together.
 """
 
 import re
@@ -46,7 +46,9 @@ def selected(tests, word):
     if word == LONG:
         return [test for test in tests if has_mark(test, "is_counted")]
     if share := SHARE.fullmatch(word):
-        return tests[int(share[1]) - 1::int(share[2])]
+        files = list(dict.fromkeys(names(test)[1] for test in tests))
+        own = files[int(share[1]) - 1::int(share[2])]
+        return [test for test in tests if names(test)[1] in own]
     return [test for test in tests if word in names(test)]
 
 
