@@ -37,6 +37,9 @@ class Levels(TerminalTest):
     def test_other_arguments_are_ignored(self):
         self.check(["one", "-d", "EIWD", "two"], story.LEVELS + WHOLE_RUN)
 
+    def test_any_number_of_other_arguments_may_precede_it(self):
+        self.check(["word"] * 40_000 + ["-d", "EIWD"], story.LEVELS + WHOLE_RUN)
+
     def test_letters_without_the_option_are_ignored(self):
         self.check(["EIWD"], story.quiet(WHOLE_RUN))
 

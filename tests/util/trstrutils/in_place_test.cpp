@@ -112,6 +112,12 @@ TEST(Str2Upcase, DoesNotStopAtATerminator) {
     buffer.ExpectHolds(std::string_view("AB\0CD\0Ef", 8));
 }
 
+TEST(Str2Upcase, ChangesTextsOfAnyLength) {
+    GuardedBuffer buffer(100000, std::string(100000, 'a'));
+    EXPECT_EQ(Str2Upcase(buffer.data(), 100000), 0);
+    buffer.ExpectHolds(std::string(100000, 'A'));
+}
+
 TEST(Str2Upcase, LeavesEveryByteButTheTwentySixLettersAlone) {
     std::string bytes;
     for (int byte = 0; byte < 256; ++byte) {
