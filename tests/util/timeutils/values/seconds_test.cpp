@@ -4,6 +4,7 @@
 
 #include <climits>
 #include <cstdint>
+#include <cstring>
 #include <ctime>
 #include <string>
 #include <type_traits>
@@ -61,6 +62,16 @@ void ExpectNothingWritten(Writer write) {
     EXPECT_EQ(write(nullptr, 16, kWinter), 0);
 }
 
+bool gStrftimeFills = false;
+
+void ExpectEndsWhatStrftimeFilled(Writer write) {
+    GuardedBuffer buffer(4);
+    gStrftimeFills = true;
+    EXPECT_EQ(write(buffer.data(), 4, kWinter), 1);
+    gStrftimeFills = false;
+    buffer.ExpectHolds(Terminated("xxx"));
+}
+
 std::string TextOf(Writer write, time_t t) {
     GuardedBuffer buffer(20);
     EXPECT_EQ(write(buffer.data(), buffer.size(), t), 1);
@@ -68,6 +79,19 @@ std::string TextOf(Writer write, time_t t) {
 }
 
 }  // namespace
+
+extern "C" {
+size_t __real_strftime(char* buf, size_t size, const char* pattern, const struct tm* rec);
+
+// Where a text does not fit, a C library may leave any bytes.
+size_t __wrap_strftime(char* buf, size_t size, const char* pattern, const struct tm* rec) {
+    if (!gStrftimeFills) {
+        return __real_strftime(buf, size, pattern, rec);
+    }
+    memset(buf, 'x', size);
+    return 0;
+}
+}
 
 static_assert(std::is_same_v<decltype(&SecToHMTime), Writer>);
 static_assert(std::is_same_v<decltype(&SecToYMDTime), Writer>);
@@ -187,6 +211,11 @@ TEST(SecToYMDTime, TerminatesATextThatDoesNotFit) {
         EXPECT_EQ(buffer.at(size - 1), '\0') << size;
         EXPECT_EQ(buffer.at(size), GuardedBuffer::kFill) << size;
     }
+}
+
+TEST(SecToHMTime, TerminatesWhateverStrftimeLeft) {
+    ExpectEndsWhatStrftimeFilled(SecToHMTime);
+    ExpectEndsWhatStrftimeFilled(SecToYMDTime);
 }
 
 TEST(SecToHMTime, WritesNothingWithoutABuffer) {
