@@ -25,6 +25,7 @@ constexpr auto kLenientValues = [] {
     }
     return values;
 }();
+static_assert(kLenientValues.size() == UCHAR_MAX + 1);
 
 int LenientValue(char character) {
     return kLenientValues[static_cast<unsigned char>(character)];
