@@ -46,11 +46,13 @@ char* WritePair(char* out, unsigned int value) {
 
 template <int width>
 char* WriteNumber(char* out, int value) {
+    static_assert(width == 2 || width == 4);
     const auto number = static_cast<unsigned int>(value);
-    if (width == 2 && number < kPair) {
-        return WritePair(out, number);
-    }
-    if (width == 4 && number < kPair * kPair) {
+    if constexpr (width == 2) {
+        if (number < kPair) {
+            return WritePair(out, number);
+        }
+    } else if (number < kPair * kPair) {
         return WritePair(WritePair(out, number / kPair), number % kPair);
     }
     return WriteOddNumber(out, value, width);
