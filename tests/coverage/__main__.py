@@ -18,11 +18,10 @@ def lines_of(name):
     return file.read_text(encoding="utf-8").splitlines() if file.is_file() else []
 
 
-def uncounted(counts):
-    """The source files that no count speaks of."""
-    sources = {str(path.relative_to(ROOT)) for folder in FOLDERS
-               for path in (ROOT / folder).rglob("*.cpp")}
-    return sorted(sources - {goal.file for goal in counts})
+def sources():
+    """The text of each source file and header."""
+    return {str(path.relative_to(ROOT)): path.read_text(encoding="utf-8") for folder in FOLDERS
+            for path in (ROOT / folder).rglob("*") if path.suffix in (".cpp", ".h")}
 
 
 def write_figures(counts, listed):
@@ -44,7 +43,8 @@ def main(folder):
     counts = build.counts()
     missed = sorted(goal for goal, count in counts.items() if count == 0)
     document = (ROOT / "docs/coverage.md").read_text(encoding="utf-8")
-    found = [f"{name}: nothing of it was counted" for name in uncounted(counts)]
+    counted = {goal.file for goal in counts}
+    found = [f"{name}: nothing of it was counted" for name in gate.uncounted(sources(), counted)]
     listed = gate.entries(document)
     found += gate.complaints(missed, listed, lines_of)
     write_figures(counts, len(listed))

@@ -5,6 +5,9 @@ from typing import NamedTuple
 
 MOST = 5  # entries that the list may have
 
+COMMENT = re.compile(r"//[^\n]*|/\*.*?\*/", re.DOTALL)
+BODY = re.compile(r"\)\s*(?:const\s*|noexcept\s*|:[^;{}]*)*\{")  # of a function
+
 
 class Entry(NamedTuple):
     """A line that no test can reach: its file, its text, and the reason."""
@@ -17,6 +20,12 @@ def entries(document):
     """The rows of the document's table."""
     rows = re.findall(r"^\| `(\S+)` \| `(.+)` \| (.*) \|$", document, flags=re.MULTILINE)
     return [Entry(file, text.replace(r"\|", "|"), reason.strip()) for file, text, reason in rows]
+
+
+def uncounted(sources, counted):
+    """The files of sources, name and text, that hold code of which nothing was counted."""
+    return sorted(name for name, text in sources.items() if name not in counted and
+                  (name.endswith(".cpp") or BODY.search(COMMENT.sub("", text))))
 
 
 def complaints(missed, listed, lines_of):

@@ -51,6 +51,19 @@ class Gate(unittest.TestCase):
                          ["6 lines are listed, 5 may be"])
 
 
+class Uncounted(unittest.TestCase):
+    def test_are_the_sources_and_headers_with_code(self):
+        for text in ("int F() {", "constexpr int F(int a)\n{", "int F() const {",
+                     "T(int a) : a_(a) {}", "void F() noexcept {"):
+            self.assertEqual(gate.uncounted({"a.h": text}, set()), ["a.h"], text)
+        self.assertEqual(gate.uncounted({"a.cpp": "", "b.cpp": ""}, {"b.cpp"}), ["a.cpp"])
+        self.assertEqual(gate.uncounted({"a.h": "int F() {"}, {"a.h"}), [])
+
+    def test_are_no_headers_that_declare(self):
+        for text in ("int F();\nstruct S {", "// F() {", "/* F()\n{ */", "enum { A = (1) };"):
+            self.assertEqual(gate.uncounted({"a.h": text}, set()), [], text)
+
+
 class Document(unittest.TestCase):
     def test_has_a_row_for_each_line(self):
         text = "# Head\n\n| file | line | reason |\n|---|---|---|\n" \
