@@ -24,6 +24,12 @@ TEST_MACRO = re.compile(r"^(?:TEST|TEST_F|TEST_P|TYPED_TEST|TYPED_TEST_P)\(\s*(\
                         re.MULTILINE)
 PYTHON_TEST = re.compile(r"^    def test_\w+\(self", re.MULTILINE)
 
+FOREACH = re.compile(r"foreach\((\w+) ([^()]*)\)(.*?)endforeach\(\)", re.DOTALL)
+ADD_TEST = re.compile(r"add_test\(NAME (\S+)\s+COMMAND ([^()]*)\)")
+COUNTED = re.compile(r"expect_python_tests\(([^()$]*)\)")
+SCRIPT_RUN = re.compile(r"^python3 .*unittest (\S+_test\.py).*\n(.*)$", re.MULTILINE)
+COUNTS_TESTS = "grep -q '^Ran [1-9]'"
+
 
 def test_bodies():
     """(suite, text of the test) of every C++ test below tests/."""
@@ -63,6 +69,45 @@ class TestFiles(unittest.TestCase):
                 with self.subTest(file=str(file.relative_to(root))):
                     self.assertRegex(file.read_text(encoding="utf-8"), test,
                                      "there is no test in this file")
+
+
+def python_runs():
+    """(name in CTest, files that it runs, whether it demands a test) of each run by Python."""
+    for path in sorted(root.glob("tests/**/CMakeLists.txt")):
+        text = FOREACH.sub(lambda loop: "".join(
+            loop[3].replace(f"${{{loop[1]}}}", word) for word in loop[2].split()),
+                           path.read_text(encoding="utf-8"))
+        text = text.replace("${CMAKE_CURRENT_SOURCE_DIR}", str(path.parent))
+        counted = {name for names in COUNTED.findall(text) for name in names.split()}
+        for name, command in ADD_TEST.findall(text):
+            words = command.split()
+            files = {root / word for word in words if word.endswith("_test.py")}
+            if "discover" in words:
+                start = pathlib.Path(words[words.index("--start-directory") + 1])
+                files |= set(start.glob("*_test.py"))
+            if files or "unittest" in words:
+                yield name, files, name in counted
+    for path in sorted(root.glob("script/*")):
+        for file, next_line in SCRIPT_RUN.findall(path.read_text(encoding="utf-8")):
+            yield str(path.relative_to(root)), {root / file}, COUNTS_TESTS in next_line
+
+
+class PythonTests(unittest.TestCase):
+    longMessage = False
+
+    def test_each_file_is_run(self):
+        run = set().union(*(files for _, files, _ in python_runs()))
+        for file in sorted((root / "tests").rglob("*_test.py")):
+            with self.subTest(file=str(file.relative_to(root))):
+                self.assertIn(file, run, f"nothing runs {file}: add_test it in the CMakeLists.txt"
+                                         f" beside")
+
+    def test_each_run_must_find_tests(self):
+        runs = list(python_runs())
+        self.assertGreater(len(runs), 10, "hardly any run of a Python test is recognised")
+        for name, _, is_counted in runs:
+            with self.subTest(name):
+                self.assertTrue(is_counted, f"{name} may lose its tests: expect_python_tests")
 
 
 class Suites(unittest.TestCase):
