@@ -72,6 +72,17 @@ class Analysers(unittest.TestCase):
             with self.subTest(analyser):
                 self.assertEqual(self.analyse(analyser, ((file, text, text),)), (0, ""))
 
+    def test_find_a_suppression_without_its_reason(self):
+        for file, text, replacement in (
+                ("script/setup", "  # dpkg-query fills in the fields", ""),
+                ("script/analyse", "  # tests ask how wide a result is", ""),
+                (SORT, "// Merge sort", "// NOLINT(misc-any)\n// Merge sort")):
+            with self.subTest(file):
+                status, said = self.analyse("suppressions", ((file, text, replacement),))
+                self.assertIn("put aside without a reason", said)
+                self.assertNotEqual(status, 0)
+                self.assertEqual(self.analyse("suppressions", ((file, text, text),))[0], 0)
+
     def test_find_each_fault(self):
         for seed in SEEDS:
             with self.subTest(f"{seed.analyser}: {seed.said}"):
