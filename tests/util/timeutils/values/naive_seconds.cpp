@@ -124,8 +124,9 @@ int64_t CountOrRefuse(const struct tm& rec, int zone, int bias) {
     const int64_t seconds = SecondsSince1970(rec);
     const int64_t zoned = seconds + zone;
     const int64_t counted = zoned - (rec.tm_isdst != 0 ? bias : 0);
-    const bool fits = seconds >= 0 && seconds <= INT_MAX && zoned <= INT_MAX && counted >= 0;
-    return fits ? counted : -1;
+    const bool zone_fits = zoned <= INT_MAX && (zoned >= 0 || zone == INT_MIN);
+    const bool fits = seconds >= 0 && seconds <= INT_MAX && zone_fits && counted >= 0;
+    return fits ? Cut(counted) : -1;
 }
 
 int OldEncodeTime(const struct tm& rec) {

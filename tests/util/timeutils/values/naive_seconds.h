@@ -21,8 +21,8 @@ int64_t SecondsSince1970(const struct tm& rec);
 struct tm RecordAt(int64_t seconds, int zone_seconds = 0);
 
 // What mktime_1 returns: the exact count with the zone added and, in summer time, the bias taken
-// off, or -1 before the year 1970, and where a count leaves 0 to INT_MAX on the way. For records
-// whose years fit an int, zones above INT_MIN and a bias that is not negative.
+// off, or -1 before the year 1970, and where a count leaves 0 to INT_MAX on the way. Two sums are
+// let through: one below 0 by a zone of INT_MIN, and one that wraps by a bias below 0.
 int64_t CountOrRefuse(const struct tm& rec, int zone = 0, int bias = 0);
 
 int OldEncodeTime(const struct tm& rec);
