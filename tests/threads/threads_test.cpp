@@ -2,18 +2,17 @@
 // thread sanitizer watches this test for memory that two threads share.
 
 #include <algorithm>
-#include <barrier>
 #include <cstdio>
 #include <cstring>
 #include <ctime>
-#include <functional>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "log/log.h"
 #include "log/state.h"
+#include "tests/log/fresh_log.h"
 #include "tests/support/captured_stream.h"
+#include "tests/threads/at_once.h"
 #include "util/fileutils.h"
 #include "util/timeutils.h"
 #include "util/trstrutils.h"
@@ -21,26 +20,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-constexpr int kThreads = 4;
-constexpr int kRounds = 50;
-
-// Calls work with the number of each thread, many times, on all threads at the same moment.
-void AtOnce(const std::function<void(int thread)>& work, int rounds = kRounds) {
-    std::barrier start(kThreads);
-    std::vector<std::thread> threads;
-    for (int thread = 0; thread < kThreads; ++thread) {
-        threads.emplace_back([&, thread] {
-            start.arrive_and_wait();
-            for (int i = 0; i < rounds; ++i) {
-                work(thread);
-            }
-        });
-    }
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
-}
 
 std::string Line(int thread) {
     return "line of thread " + std::to_string(thread) + "\n";
@@ -152,6 +131,24 @@ TEST(Threads, RunCommandsAtOnce) {
             EXPECT_EQ(systemEx(command.c_str()), thread * 256);
         },
         3);
+}
+
+using LogThreads = FreshLog;
+
+TEST_F(LogThreads, WriteLinesWithTheirNamesAtOnce) {
+    CapturedStream out(stdout);
+    const int with_names = 1;
+    SetLogOption(LOG_OPT_RUNMODE, &with_names);
+    gLogMask = LOG_INFO;
+    AtOnce([](int) { PrintLog(LOG_INFO, "file", "function", 1, "text"); }, kRounds,
+           [](int thread) {
+               EXPECT_EQ(RegisterLogThread(("name" + std::to_string(thread)).c_str()), 0);
+           });
+    const std::string text = out.Take();
+    for (int thread = 0; thread < kThreads; ++thread) {
+        EXPECT_EQ(Occurrences(text, "[name" + std::to_string(thread) + "] Info "), kRounds);
+    }
+    EXPECT_EQ(Occurrences(text, "[]"), 0);
 }
 
 TEST(Threads, WriteLinesAtOnceThatMayMixButAreAllThere) {
