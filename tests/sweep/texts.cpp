@@ -36,7 +36,13 @@ struct Parser {
 const std::vector<Parser>& Parsers() {
     static const std::vector<Parser> kParsers = {
         {"DeFormatDate", kDates, "", {}, {0, 0}},
+        {"DeFormatDate", kDates, "", {}, {1, 1}},
+        {"DeFormatDate", kDates, "", {}, {2, 2}},
+        {"DeFormatDate", kDates, "", {}, {3, 0}},
         {"DeFormatDate", kDates, "", {}, {4, 1}},
+        {"DeFormatDate", kDates, "", {}, {5, 2}},
+        {"DeFormatDate", kDates, "", {}, {6, 0}},
+        {"DeFormatDate", kDates, "", {}, {7, 1}},
         {"DeFormatDate", kDates, "", {}, {8, 2}},
         {"DeFormatDate", kDates, "", {}, {9, 0}},
         {"DeFormatDate", kDates, "07.05", {}, {8, 0}},
