@@ -8,13 +8,18 @@ set(sweeps *Random* *WhereTheSeparatorOccurs DateTexts.*AsTheNaive* *OfTheFormul
            Icu.AgreesOn* DivideDown.* WrapToInt32.* WriteNumber.WritesAsPrintfDoes)
 list(JOIN sweeps : sweeps)
 
+set(ubsan_words -O1 -g1 -fsanitize=undefined -fno-sanitize-recover=all)
+# Without freeres, which writes out the buffers of a child that ends by _exit.
+set(valgrind_words --quiet --error-exitcode=99 --run-libc-freeres=no --run-cxx-freeres=no
+                   --leak-check=full --errors-for-leak-kinds=definite --show-leak-kinds=definite)
+
 # On ARM undefined behaviour is looked for in the product alone, so that the tests need no second
 # compilation. Undefined behaviour of the tests is found on the host.
 if(CMAKE_CROSSCOMPILING)
     list(TRANSFORM library_sources PREPEND ${PROJECT_SOURCE_DIR}/ OUTPUT_VARIABLE ubsan_sources)
     add_library(ubsan_objects OBJECT ${ubsan_sources})
     target_link_libraries(ubsan_objects PRIVATE product_flags)
-    target_compile_options(ubsan_objects PRIVATE -O1 -g1 -fsanitize=undefined -fno-sanitize-recover=all)
+    target_compile_options(ubsan_objects PRIVATE ${ubsan_words})
     set_target_properties(ubsan_objects PROPERTIES POSITION_INDEPENDENT_CODE ON EXCLUDE_FROM_ALL ON)
 endif()
 
@@ -29,13 +34,10 @@ function(add_ubsan_test name)
     add_test(NAME ${name}_ubsan COMMAND ${name}_ubsan CONFIGURATIONS sanitized)
 endfunction()
 
-# Without freeres, which writes out the buffers of a child that ends by _exit.
 function(add_valgrind_test name)
     add_dependencies(sanitized_tests ${name})
     add_test(NAME ${name}_valgrind
-             COMMAND valgrind --quiet --error-exitcode=99 --run-libc-freeres=no --run-cxx-freeres=no
-                     --leak-check=full --errors-for-leak-kinds=definite --show-leak-kinds=definite
-                     $<TARGET_FILE:${name}> --gtest_filter=-${sweeps}
+             COMMAND valgrind ${valgrind_words} $<TARGET_FILE:${name}> --gtest_filter=-${sweeps}
              CONFIGURATIONS sanitized)
 endfunction()
 
@@ -56,3 +58,32 @@ function(add_sanitized_test name)
         add_threads_test(${name})
     endif()
 endfunction()
+
+# add_planted_tests(FAULTS fault... [COMMAND word...] [CONFIGURATIONS name]): that each fault is refused,
+# and the program without one is not.
+function(add_planted_tests)
+    cmake_parse_arguments(PARSE_ARGV 0 PLANTED "" "CONFIGURATIONS" "FAULTS;COMMAND")
+    foreach(fault none ${PLANTED_FAULTS})
+        add_test(NAME ${fault}_planted COMMAND ${PLANTED_COMMAND} $<TARGET_FILE:planted_fault> ${fault}
+                 CONFIGURATIONS ${PLANTED_CONFIGURATIONS})
+    endforeach()
+    list(TRANSFORM PLANTED_FAULTS APPEND _planted)
+    set_tests_properties(${PLANTED_FAULTS} PROPERTIES WILL_FAIL ON)
+endfunction()
+
+add_test_sources(support/planted_fault.cpp)
+add_executable(planted_fault support/planted_fault.cpp)
+target_link_libraries(planted_fault PRIVATE orvatool_flags)
+add_dependencies(sanitized_tests planted_fault)
+if(CMAKE_CROSSCOMPILING)
+    target_compile_options(planted_fault PRIVATE ${ubsan_words})
+    target_link_libraries(planted_fault PRIVATE atomic)
+    target_link_options(planted_fault PRIVATE -fsanitize=undefined)
+    add_planted_tests(FAULTS overflow COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} CONFIGURATIONS sanitized)
+elseif(NOT ORVATOOL_SANITIZE)
+    add_planted_tests(FAULTS bounds value leak COMMAND valgrind ${valgrind_words} CONFIGURATIONS sanitized)
+elseif(ORVATOOL_SANITIZE STREQUAL "thread")
+    add_planted_tests(FAULTS race CONFIGURATIONS sanitized)
+else()
+    add_planted_tests(FAULTS bounds leak overflow)
+endif()
