@@ -5,10 +5,10 @@ import unittest
 import unittest.mock
 from pathlib import Path
 
-from faults import WHOLE_RUN, FaultTest
+from faults import ELSEWHERE, WHOLE_RUN, FaultTest
 from terminal import write
 from tests.support import tool
-from tests.support.faults import fault
+from tests.support.faults import PROMISES, fault
 
 
 HERE = str(Path(__file__).parent)
@@ -34,6 +34,17 @@ def marked_tests(suite):
             yield each
 
 
+def end_with_1(row):
+    """The tool's runs end as if with status 1."""
+    start_tool = row.start_tool
+
+    def start(*words):
+        run, trace = start_tool(*words)
+        run.returncode = 1
+        return run, trace
+    row.start_tool = start
+
+
 class Rows(unittest.TestCase):
     def test_that_runs_as_told_passes(self):
         self.assertEqual(failures_of(lambda row: row.run_row(WHOLE_RUN, "-d", "EIWD")), "")
@@ -48,6 +59,14 @@ class Rows(unittest.TestCase):
         for test in tests:
             self.assertIsInstance(test, FaultTest, str(test))
 
+    def test_whose_status_is_not_expected_fails(self):
+        def body(row):
+            end_with_1(row)
+            row.run_row(WHOLE_RUN, "-d", "EIWD")
+
+        for exceptions in {}, {"exit": "it may be 2"}:
+            self.assertIn("AssertionError: 1 != 0", failures_of(body, **exceptions))
+
     def test_whose_promise_is_broken_fails(self):
         def run_then(change):
             def body(row):
@@ -55,6 +74,11 @@ class Rows(unittest.TestCase):
                 row.run_tool = lambda *words: (run_tool(*words), change())[0]
                 row.run_row(WHOLE_RUN, "-d", "EIWD")
             return body
+
+        def expect_1(row):  # a row names the status that it excepts
+            end_with_1(row)
+            row.status = 1
+            row.run_row(WHOLE_RUN, "-d", "EIWD")
 
         def stay_mounted(row):
             row.umount_results = "-1"
@@ -64,11 +88,14 @@ class Rows(unittest.TestCase):
             with unittest.mock.patch("faults.BOUND_S", 0):
                 row.run_row(WHOLE_RUN, "-d", "EIWD")
 
-        for promise, body in {
-                "output": run_then(lambda: write(tool.OUTPUT_FILE, "")),
-                "mounts": stay_mounted,
-                "files": run_then(lambda: shutil.rmtree(f"{tool.MOUNT_POINT}/photos")),
-                "time": be_late}.items():
+        broken = {
+            "exit": expect_1,
+            "output": run_then(lambda: write(tool.OUTPUT_FILE, "")),
+            "mounts": stay_mounted,
+            "files": run_then(lambda: shutil.rmtree(f"{tool.MOUNT_POINT}/photos")),
+            "time": be_late}
+        self.assertEqual(set(broken), set(PROMISES) - {ELSEWHERE})
+        for promise, body in broken.items():
             with self.subTest(promise=promise):
                 self.assertIn(f"the row promises {promise}", failures_of(body))
                 self.assertNotIn("the row promises", failures_of(body, **{promise: "it may"}))
