@@ -4,14 +4,16 @@ import json
 import socket
 import subprocess
 
+SLOW_PER_S = 30   # reads and writes that a slow stick does in a second
+SLOW_AT_ONCE = 4  # of them without a pause: the emulator lets a tenth of a second's pass, and one
+
 HARDWARE = (
     "-M", "virt,highmem=off", "-cpu", "cortex-a15", "-m", "256",
     "-display", "none", "-monitor", "none", "-nic", "none", "-no-reboot",
     # No SuperSpeed ports: a stick on one is not on bus 1, where the tool looks for it.
     "-device", "qemu-xhci,id=usb,p2=15,p3=0",
     "-device", "virtio-serial-pci",
-    # How many reads and writes a slow stick does in a second.
-    "-object", "throttle-group,id=slow,x-iops-total=30",
+    "-object", f"throttle-group,id=slow,x-iops-total={SLOW_PER_S}",
     # A network card whose cable ends in a hub with no other port.
     "-netdev", "hubport,id=net,hubid=0", "-device", "virtio-net-pci,netdev=net,romfile=",
 )

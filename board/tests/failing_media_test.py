@@ -1,5 +1,8 @@
 """Rows of the fault catalogue: no stick, and sticks that cannot be read or written, or slowly."""
 
+import time
+
+from board.machine import SLOW_AT_ONCE, SLOW_PER_S
 from board.partition_tables import SECTOR
 from board.tests.support.faults import EXPORT
 from board.tests.support.media import MediaTest, log_of
@@ -7,6 +10,7 @@ from tests.support import tool
 from tests.support.faults import fault
 
 IO_ERROR = 5
+READS, WRITES = 0, 4  # columns of a disk's counts
 
 
 def failing_reads(**where):
@@ -66,6 +70,18 @@ class FailingMedia(MediaTest):
                 self.assertFalse(is_whole, "no write failed")
                 self.unplug()
 
+    def operations(self):
+        """How many reads and writes of the first disk the kernel has counted."""
+        counts = self.terminal.read("/sys/block/sda/stat").split()
+        return int(counts[READS]) + int(counts[WRITES])
+
     @fault("Media", "a slow stick: 30 reads and writes in a second")
     def test_slow(self):
-        self.assert_exported(self.stick(True, slow=True))
+        stick = self.stick(True, slow=True)
+        self.plug(stick)
+        before, began_s = self.operations(), time.monotonic()
+        self.assertEqual(self.run_mounting(*log_of(stick)).errors, "")
+        took_s, count = time.monotonic() - began_s, self.operations() - before
+        self.assert_log_on(stick, 1)
+        self.assertGreater(count, SLOW_PER_S, "too few to show that the stick is slow")
+        self.assertGreaterEqual(took_s, (count - SLOW_AT_ONCE) / SLOW_PER_S)
