@@ -16,8 +16,8 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 DOCUMENT = ROOT / "docs/faults.md"
 FOLDERS = ("board/tests", "tests/process")
 HEAD = "| what goes wrong | test | promises |\n|---|---|---|\n"
-# A section, what is said about it, and its table.
-SECTION = re.compile(rf"(?<=^## )(.+?)$(.*?){re.escape(HEAD)}((?:\|[^\n]*\n)*)",
+# A section, what is said about it, its table, and the blank line behind that.
+SECTION = re.compile(rf"(?<=^## )(.+?)$(.*?){re.escape(HEAD)}((?:\|[^\n]*\n)*)\n*",
                      re.MULTILINE | re.DOTALL)
 
 
@@ -57,23 +57,30 @@ def tables():
     return found
 
 
-def written():
-    """The table of each section as the document has it."""
-    text = DOCUMENT.read_text(encoding="utf-8")
-    return {found[1]: found[3] for found in SECTION.finditer(text)}
+def sections(text):
+    """The sections of the document that have a table."""
+    return {found[1] for found in SECTION.finditer(text)}
+
+
+def rewritten(text, expected):
+    """The document with these tables, each with a blank line behind it."""
+    def section(found):
+        return f"{found[1]}{found[2]}{HEAD}{expected.get(found[1], '')}\n"
+    return SECTION.sub(section, text).rstrip("\n") + "\n"
+
 
 
 def main(word=None):
     """Returns the exit status."""
     expected = tables()
+    text = DOCUMENT.read_text(encoding="utf-8")
     if word == "write":
-        text = DOCUMENT.read_text(encoding="utf-8")
-        text = SECTION.sub(lambda found: f"{found[1]}{found[2]}{HEAD}{expected[found[1]]}", text)
+        text = rewritten(text, expected)
         DOCUMENT.write_text(text, encoding="utf-8")
-    if written() != dict(expected):
+    if text != rewritten(text, expected) or sections(text) != set(expected):
         print("docs/faults.md is not what the tests are marked with:"
               " python3 -B -m tests.tree.catalogue write", file=sys.stderr)
-        for section in sorted(set(expected) ^ set(written())):
+        for section in sorted(set(expected) ^ sections(text)):
             print(f"section only in one of them, or empty: {section}", file=sys.stderr)
         return 1
     return 0
