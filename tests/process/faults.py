@@ -3,6 +3,7 @@
 The stick is a folder here: it holds files, but no FAT volume to check. That promise is the board's.
 """
 
+import atexit
 import itertools
 import os
 import shutil
@@ -20,6 +21,7 @@ SANITIZER = b"__asan_init", b"__msan_init", b"__tsan_init"
 COVERAGE = b"__llvm_profile_runtime", b"__gcov_"
 START = story.REOPEN + story.LEVELS + story.serial_steps("12345")
 WHOLE_RUN = START + story.MOUNT + story.export()
+run_rows = set()  # whose promises were checked
 BUFFER = 4096  # of the tool's standard output: what is longer is flushed before the end
 
 
@@ -60,6 +62,9 @@ def add_figure(label, count):
     if file := os.environ.get("FIGURES"):
         with open(file, "a", encoding="utf-8") as figures:
             figures.write(f"{label}\t{count}\n")
+
+
+atexit.register(lambda: add_figure("this machine, rows of the fault catalogue", len(run_rows)))
 
 
 class FaultTest(TerminalTest):
@@ -103,6 +108,8 @@ class FaultTest(TerminalTest):
     def run_checked(self, check_story, *arguments):
         """Runs the tool and checks what the row promises; its output is for `check_story`."""
         self.is_checked = True
+        if self.is_row():
+            run_rows.add(self.id())
         shutil.rmtree(tool.EXPORT_FOLDER, ignore_errors=True)  # of the test's last run
         files, mounts, start = tree(tool.MOUNT_POINT), read("/proc/mounts"), time.monotonic()
         run = self.run_tool(*arguments)

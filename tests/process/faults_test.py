@@ -21,7 +21,8 @@ def failures_of(body, **exceptions):
             body(self)
         test_row = fault("Inputs", "none of the catalogue", **exceptions)(test_row)
     result = unittest.TestResult()
-    Row("test_row").run(result)
+    with unittest.mock.patch("faults.run_rows", set()):  # it is no row
+        Row("test_row").run(result)
     return "".join(text for _, text in result.failures + result.errors)
 
 
