@@ -5,9 +5,9 @@ import random
 import time
 from collections import Counter
 
-from board import figures, torn
+from board import figures, session, torn
 from board.fat import Damaged, Volume
-from board.terminal import SERIAL
+from board.terminal import BACKGROUND, SERIAL
 from board.tests.support.case import HOLD_AFTER, HOLD_BEFORE
 from board.tests.support.counts import counted
 from board.tests.support.faults import EXPORT, FaultTest
@@ -18,8 +18,14 @@ from tests.support.faults import fault
 TOOL = "orvatool -d EIWD"
 LONG_LOG = b"0123456789abcde\n" * (32 * 1024)
 VERSION, LONG_VERSION = "/proc/version", "/tmp/version"
+HALF = len(LONG_LOG) // 2
+# Copies half of a long log, onto the stick itself, and then goes on as the others do.
+HOLD_HALFWAY = f"head -c {HALF} $1 >$2; sync; {HOLD_BEFORE}"
 IO_ERROR = "Input/output error"
 SEED = 20240507
+# From where a moment counts: the start of the tool, and that of its copy if it is not over yet.
+START, COPY = "true", f"[ -e {tool.MOUNT_POINT}/{EXPORT} ] || [ -e {BACKGROUND}.status ]"
+MET = "mounted", "no log", "log in part", "whole log"  # in the long run, each of them
 
 
 class Pulled(FaultTest):
@@ -28,8 +34,14 @@ class Pulled(FaultTest):
         """What a power cut may do to a stick was done to it, and no more."""
         self.assertEqual(torn.examine_one(before, stick.image.read_bytes()).faults, [])
 
+    def make_log_long(self):
+        """From here on a run exports LONG_LOG."""
+        self.terminal.write(LONG_VERSION, LONG_LOG)
+        self.terminal.check(f"mount --bind {LONG_VERSION} {VERSION}")
+        self.addCleanup(self.terminal.check, f"umount {VERSION}")
+
     def pull_out(self, hold, program="cp"):
-        """Pulls the stick out while a command of the tool is held."""
+        """Pulls the stick out while a command of the tool is held. Returns the stick."""
         stick = self.stick(whole="fat12", mib=1)
         before = stick.image.read_bytes()
         self.plug(stick)
@@ -41,6 +53,7 @@ class Pulled(FaultTest):
         self.assert_promises(self.terminal.finish(), tool.RELEASED_NOTHING, tool.MADE_MOUNT_POINT,
                              *log_of(stick, 0))
         self.assert_repairable(stick, before)
+        return stick
 
     @fault("Timing", "pulled out before the export folder is made",
            volume="the dirty bit stays set, as after a power cut")
@@ -51,6 +64,14 @@ class Pulled(FaultTest):
            volume="the folder may be there in part, as after a power cut")
     def test_pulled_out_before_the_copy(self):
         self.pull_out(HOLD_BEFORE)
+
+    @fault("Timing", "pulled out in the middle of the copy, with half of the log on the stick",
+           volume="folder and log may be there in part, as after a power cut")
+    def test_pulled_out_in_the_middle_of_the_copy(self):
+        self.make_log_long()
+        stick = self.pull_out(HOLD_HALFWAY)
+        self.assertEqual(self.log_on(stick), "log in part")
+        self.assertTrue(stick.read(EXPORT) == LONG_LOG[:HALF], "another part of the log")
 
     @fault("Timing", "pulled out after the copy and before its sync: the log may be empty or in"
                      " part on the stick, and nothing tells",
@@ -71,11 +92,12 @@ class Pulled(FaultTest):
                                        + tool.exported(SERIAL, IO_ERROR)),
         }
 
-    def pull_out_after(self, stick, moment_s):
-        """Runs the tool and pulls the stick out some time after its start. Tells the outcome."""
+    def pull_out_after(self, stick, condition, moment_s):
+        """Runs the tool and pulls the stick out some time after that. Tells the outcome."""
         self.terminal.plug(stick)
         self.begin()
         self.terminal.start(TOOL)
+        self.terminal.wait_for(condition)
         time.sleep(moment_s)
         self.terminal.unplug()
         result = self.terminal.finish()
@@ -97,30 +119,45 @@ class Pulled(FaultTest):
         whole = hashlib.sha256(LONG_LOG).hexdigest()
         return "whole log" if entry.sha256 == whole else "log in part"
 
+    def time_after(self, condition):
+        """How long a run goes on after the condition."""
+        self.terminal.start(TOOL)
+        self.terminal.wait_for(condition)
+        began_s = time.monotonic()
+        self.terminal.finish()
+        return time.monotonic() - began_s
+
+    def windows(self, stick, before):
+        """When the stick may be pulled out: (condition, seconds after it) of a run, of its copy."""
+        for condition in START, COPY:
+            stick.image.write_bytes(before)
+            self.terminal.plug(stick)
+            yield condition, self.time_after(condition)
+            self.terminal.unplug()
+
     @fault("Timing", "pulled out at random moments, 3 times (200 times in the long run), while a"
                      " log of 512 KiB is copied or shortly before or after",
            volume="folder and log may be there in part, as after a power cut")
     @counted(3, 200)
     def test_pulled_out_at_random_moments(self, count):
-        self.terminal.write(LONG_VERSION, LONG_LOG)
-        self.terminal.check(
-            f"mkdir {tool.MOUNT_POINT} && mount --bind {LONG_VERSION} {VERSION}")
-        self.addCleanup(self.terminal.check, f"umount {VERSION}")
+        self.terminal.check(f"mkdir {tool.MOUNT_POINT}")
+        self.make_log_long()
         stick = self.stick(whole="fat12", mib=1)
         before = stick.image.read_bytes()
         self.remember(stick)
         self.terminal.plug(stick)
         self.terminal.run(TOOL)  # the first run takes longer than others
-        began_s = time.monotonic()
-        self.terminal.run(TOOL)
-        run_s = time.monotonic() - began_s
         self.terminal.unplug()
+        windows = list(self.windows(stick, before))
         moments = random.Random(SEED)
         outcomes = Counter()
-        for _ in range(count):
+        for number in range(count):
             stick.image.write_bytes(before)
-            outcomes[self.pull_out_after(stick, moments.uniform(0, run_s))] += 1
+            condition, last_s = windows[number % len(windows)]
+            outcomes[self.pull_out_after(stick, condition, moments.uniform(0, last_s))] += 1
             outcomes[self.log_on(stick)] += 1
             self.assert_repairable(stick, before)
         figures.write("pulled", {"sticks pulled out at random moments": count} | {
             f"sticks pulled out: {name}": number for name, number in sorted(outcomes.items())})
+        if session.is_long():
+            self.assertEqual([name for name in MET if not outcomes[name]], [], "never met")
