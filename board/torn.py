@@ -12,6 +12,7 @@ import random
 import re
 import subprocess
 import tempfile
+import time
 from collections import Counter
 from concurrent.futures import ProcessPoolExecutor
 from contextlib import contextmanager
@@ -47,13 +48,17 @@ TALK = re.compile(
 
 @dataclass
 class Figures:
-    """States, those that differ from the one before, those with faults; findings and faults."""
+    """States, those that differ from the one before, those with faults; findings and faults.
+
+    And the seconds that all this took.
+    """
 
     states: int = 0
     distinct: int = 0
     faulty: int = 0
     findings: Counter = field(default_factory=Counter)
     faults: list = field(default_factory=list)
+    took_s: float = 0
 
     def add(self, other):
         """Counts another part of the states in."""
@@ -62,6 +67,7 @@ class Figures:
         self.faulty += other.faulty
         self.findings += other.findings
         self.faults += other.faults
+        self.took_s += other.took_s
 
 
 def fsck(image, word):
@@ -176,23 +182,27 @@ def examine(before, written, repairs=REPAIRS):
 
     So many repairs leave nothing to find; 0: nothing is repaired.
     """
+    began_s = time.monotonic()
     processors = len(os.sched_getaffinity(0))
     edges = [part * (len(written) + 1) // processors for part in range(processors + 1)]
     figures = Figures()
     with ProcessPoolExecutor(processors) as pool:
         for part in pool.map(partial(examine_part, before, written, repairs), edges, edges[1:]):
             figures.add(part)
+    figures.took_s = time.monotonic() - began_s
     return figures
 
 
 def examine_any_order(before, written, count, seed):
     """The figures of states in which some sectors are written, whatever their order."""
+    began_s = time.monotonic()
     chance = random.Random(seed)
     with examination(before, REPAIRS_ANY_ORDER) as states:
         for number in range(count):
             some = [each for each in written if chance.random() < 0.5]
             states.look_at(number, replayed(before, some))
         states.figures.states = count
+        states.figures.took_s = time.monotonic() - began_s
         return states.figures
 
 

@@ -30,6 +30,12 @@ COMMANDS = {
     "analyse": "script/analyse",
     "sanitize": "script/sanitize",
 }
+# What each of these figures, in its command's unit, may be at most.
+BOUNDS = {
+    ("script/test", "both terminals, seconds that the rows took"): 180,
+    ("script/board power_cut", "torn sticks, seconds"): 60,
+    ("script/mutate 60 1", "wall time"): 216,  # seconds: 1,000 faults in an hour
+}
 PAGE = """# Proof
 
 `script/test all` runs every proof there is and writes this page. Each command can be run alone.
@@ -56,12 +62,38 @@ def missing():
                 for name in sorted(found - set(COMMANDS)))
 
 
-def page(seconds):
+def number(figure):
+    """The number that a figure begins with."""
+    return float(figure.split()[0].replace(",", ""))
+
+
+def table():
+    """The figure of each command and label. Figures that several files have are added up."""
+    found = {}
+    for name, command in COMMANDS.items():
+        for label, figure in figures(name):
+            if before := found.get((command, label)):
+                figure = f"{number(before) + number(figure):,.0f}"
+            found[command, label] = figure
+    return found
+
+
+def exceeded(found):
+    """The figures that are beyond their bounds, or not there."""
+    for (command, label), bound in BOUNDS.items():
+        figure = found.get((command, label))
+        if figure is None:
+            yield f"{command} left no figure named: {label}"
+        elif number(figure) > bound:
+            yield f"{command}, {label}: {figure}, where {bound} is the bound"
+
+
+def page(found, seconds):
     """The text of the page."""
     commit = subprocess.run(["git", "rev-parse", "--short", "HEAD"], cwd=ROOT, check=True,
                             capture_output=True, text=True).stdout.strip()
     rows = [f"| `{command}` | {label} | {figure} |"
-            for name, command in COMMANDS.items() for label, figure in figures(name)]
+            for (command, label), figure in found.items()]
     return PAGE.format(date=datetime.date.today(), commit=commit, processors=os.cpu_count(),
                        minutes=round(int(seconds) / 60), rows="\n".join(rows))
 
@@ -71,8 +103,12 @@ def main(seconds):
     if faults := list(missing()):
         print("\n".join(faults), file=sys.stderr)
         return 1
-    DOCUMENT.write_text(page(seconds), encoding="utf-8")
+    found = table()
+    DOCUMENT.write_text(page(found, seconds), encoding="utf-8")
     print(DOCUMENT.read_text(encoding="utf-8"), end="")
+    if faults := list(exceeded(found)):
+        print("\n".join(faults), file=sys.stderr)
+        return 1
     return 0
 
 

@@ -30,6 +30,7 @@ class PowerCut(FaultTest):
             "torn sticks": cls.all.states,
             "torn sticks, different ones": cls.all.distinct,
             "torn sticks with a fault": cls.all.faulty,
+            "torn sticks, seconds": round(cls.all.took_s),
             **{f"torn sticks, fsck.fat: {finding}": count
                for finding, count in sorted(cls.all.findings.items())}})
 
