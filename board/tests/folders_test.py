@@ -107,6 +107,15 @@ close 1
         self.assertEqual(self.terminal.check("cd /tmp/target && find . | sort"),
                          f".\n./album\n./album/inner\n./{NOTES}\n")
 
+    def test_copy_of_a_name_that_the_shell_interprets(self):
+        name = "$(echo b)"
+        self.terminal.check(f"mkdir /tmp/s /tmp/target && >'/tmp/s/{name}'")
+        self.assertEqual(
+            self.call("CopyFolder", "/tmp/s", "/tmp/target",
+                      errors="cp: can't stat '/tmp/s/b': No such file or directory\n"),
+            INNER_DOTS + chosen(name, FILE, REGULAR)
+            + command(f"/tmp/s/{name}", "/tmp/target") + "result 0\n")
+
     def test_copy_onto_a_full_stick(self):
         self.plug(full=True)
         self.terminal.check("mkdir /tmp/s && echo a >/tmp/s/a")

@@ -116,9 +116,12 @@ class SerialInTheShell(FaultTest):
     def test_slash_to_a_missing_folder_makes_no_copy(self):
         self.assertIn(tool.NO_SUCH_FILE, self.check("a/b"))
 
+    @fault("Inputs", "serial number `'a b'`:"
+           " the quotes are taken off, and the log's name has a blank")
     def test_quotes_are_taken_off(self):
         self.check("'a b'", f"{EXPORT_FOLDER}/a b.log")
 
+    @fault("Inputs", 'serial number `"a b"`: the same')
     def test_double_quotes_are_taken_off(self):
         self.check('"a b"', f"{EXPORT_FOLDER}/a b.log")
 
@@ -126,6 +129,7 @@ class SerialInTheShell(FaultTest):
     def test_single_quote_alone_makes_no_copy(self):
         self.assertNotEqual(self.check("it's"), "")
 
+    @fault("Inputs", "serial number `x;touch /mnt/made`: the second command is run")
     def test_semicolon_begins_a_command(self):
         self.check("x;touch /mnt/made", f"{EXPORT_FOLDER}/x", "/mnt/made.log")
 

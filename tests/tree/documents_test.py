@@ -117,19 +117,61 @@ class Manual(unittest.TestCase):
 
 
 class Security(unittest.TestCase):
-    """What SECURITY.md says of the tool is tried: each item names rows of the fault catalogue."""
+    """What SECURITY.md says is tried: each sentence of an item names the tests that show it."""
 
     longMessage = False
 
-    def test_each_item_names_rows_of_the_fault_catalogue(self):
+    ITEM = re.compile(r"^- (.*(?:\n  .*)*)\n", re.MULTILINE)
+    SENTENCE_END = re.compile(r"(?<=\.)\s+")
+    NAMES = re.compile(r"`(test_\w+|[A-Z]\w+\.[A-Z]\w+)`")
+    CPP_TEST = re.compile(r"^TEST(?:_F|_P)?\((\w+), (\w+)\)", re.MULTILINE)
+    PYTHON_TEST = re.compile(r"^    def (test_\w+)\(self\)", re.MULTILINE)
+    LIBRARY = "\n## The library's callers\n"
+    # What stands outside items, where nothing is said that can be tried.
+    UNTRIED = (
+        "The tool runs as root on a terminal.",
+        "It meets four things that others write or hold: the option store, the RAM disk, the stick"
+        " and its caller's environment.",
+        "Each sentence of the items below names what shows it: rows of the fault catalogue,"
+        " `docs/faults.md`, or, of the library, tests.",
+        "The public headers say which function trusts what.",
+        "Report a weakness to the maintainers of the terminal's firmware in confidence, not in a"
+        " public place.",
+    )
+
+    def sentences(self, text):
+        """The sentences of a text, each on one line."""
+        return self.SENTENCE_END.split(" ".join(text.split()))
+
+    def check_items(self, text, known, place):
+        """Each sentence of the items names something, and only what is known in that place."""
+        items = self.ITEM.findall(text)
+        self.assertTrue(items, "a part of SECURITY.md has no items")
+        for sentence in (each for item in items for each in self.sentences(item)):
+            with self.subTest(sentence=sentence):
+                named = set(self.NAMES.findall(sentence))
+                self.assertTrue(named, f"no test is named: {sentence}")
+                self.assertLessEqual(named, known, f"not in {place}: {named - known}")
+
+    def test_each_sentence_about_the_tool_names_rows_of_the_fault_catalogue(self):
         rows = set(re.findall(r"`(test_\w+)` \|", read("docs/faults.md")))
-        items = re.findall(r"^- (.*(?:\n  .*)*)", read("SECURITY.md"), re.MULTILINE)
-        self.assertTrue(items, "SECURITY.md has no items")
-        for item in items:
-            with self.subTest(item=item):
-                named = set(re.findall(r"`(test_\w+)`", item))
-                self.assertTrue(named, f"no row of docs/faults.md is named: {item}")
-                self.assertLessEqual(named, rows, f"no row of docs/faults.md: {named - rows}")
+        text = read("SECURITY.md").partition(self.LIBRARY)[0]
+        for part in text.split("\n## ")[1:]:
+            self.check_items(part, rows, "docs/faults.md")
+
+    def test_each_sentence_about_the_library_names_its_tests(self):
+        tests = set()
+        for file in (*root.glob("tests/**/*_test.cpp"), *root.glob("board/tests/*_test.py")):
+            text = file.read_text(encoding="utf-8")
+            tests.update(".".join(names) for names in self.CPP_TEST.findall(text))
+            tests.update(self.PYTHON_TEST.findall(text))
+        self.check_items(read("SECURITY.md").partition(self.LIBRARY)[2], tests, "the tests")
+
+    def test_nothing_else_is_said_that_could_be_tried(self):
+        text = re.sub(r"^#+ .*$", "", self.ITEM.sub("", read("SECURITY.md")), flags=re.MULTILINE)
+        self.assertEqual(self.sentences(text.strip()), list(self.UNTRIED),
+                         "SECURITY.md: make an item of it that names what shows it, or add it to"
+                         " UNTRIED")
 
 
 class Counts(unittest.TestCase):
