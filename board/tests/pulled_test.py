@@ -25,6 +25,8 @@ IO_ERROR = "Input/output error"
 SEED = 20240507
 # From where a moment counts: the start of the tool, and that of its copy if it is not over yet.
 START, COPY = "true", f"[ -e {tool.MOUNT_POINT}/{EXPORT} ] || [ -e {BACKGROUND}.status ]"
+# What a moment too late does to the next ones, and any other moment: half of them are too late.
+SOONER, LATER = 0.9, 1.1
 MET = "mounted", "no log", "log in part", "whole log"  # in the long run, each of them
 
 
@@ -128,7 +130,7 @@ class Pulled(FaultTest):
         return time.monotonic() - began_s
 
     def windows(self, stick, before):
-        """When the stick may be pulled out: (condition, seconds after it) of a run, of its copy."""
+        """How long a run goes on after its start, and after that of its copy."""
         for condition in START, COPY:
             stick.image.write_bytes(before)
             self.terminal.plug(stick)
@@ -148,14 +150,17 @@ class Pulled(FaultTest):
         self.terminal.plug(stick)
         self.terminal.run(TOOL)  # the first run takes longer than others
         self.terminal.unplug()
-        windows = list(self.windows(stick, before))
+        windows = dict(self.windows(stick, before))
         moments = random.Random(SEED)
         outcomes = Counter()
         for number in range(count):
             stick.image.write_bytes(before)
-            condition, last_s = windows[number % len(windows)]
-            outcomes[self.pull_out_after(stick, condition, moments.uniform(0, last_s))] += 1
-            outcomes[self.log_on(stick)] += 1
+            condition = (START, COPY)[number % 2]
+            moment_s = moments.uniform(0, windows[condition])
+            outcomes[self.pull_out_after(stick, condition, moment_s)] += 1
+            log = self.log_on(stick)
+            outcomes[log] += 1
+            windows[condition] *= SOONER if log == "whole log" else LATER
             self.assert_repairable(stick, before)
         figures.write("pulled", {"sticks pulled out at random moments": count} | {
             f"sticks pulled out: {name}": number for name, number in sorted(outcomes.items())})
