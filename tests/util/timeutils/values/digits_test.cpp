@@ -114,6 +114,14 @@ TEST(TimeTimeToInt, IgnoresGroupsBeyondTheCount) {
     EXPECT_EQ(NumbersIn("12:34", 1), (std::vector{12}));
 }
 
+TEST(TimeTimeToInt, ReadsAnyNumberOfGroups) {
+    std::string text;
+    for (int i = 0; i < 40000; ++i) {
+        text += "7:";
+    }
+    EXPECT_EQ(NumbersIn(text, 40000), std::vector<int>(40000, 7));
+}
+
 TEST(TimeTimeToInt, WrapsAt32Bits) {
     EXPECT_EQ(NumbersIn("2147483647 2147483648 4294967296 4294967303", 4),
               (std::vector{INT_MAX, INT_MIN, 0, 7}));
