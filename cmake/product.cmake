@@ -1,16 +1,14 @@
-# What ships: the executable, made of two sets of objects. They are linked as objects, not as an
-# archive, because the terminal's other programs use much that the tool itself never calls.
+# What ships: the executable, made of the library's objects and its own. They are linked as objects,
+# not as an archive, because the terminal's other programs use much that the tool itself never calls.
 
-set(library_sources
+# Older C libraries have these apart.
+find_package(Threads REQUIRED)
+set(platform_libraries m ${CMAKE_DL_LIBS} Threads::Threads)
+
+set(util_sources
     log/levels.cpp
     log/print_log.cpp
     log/threads.cpp
-    splash/devices.cpp
-    splash/gpio.cpp
-    splash/logo.cpp
-    splash/nand.cpp
-    udisk/partitions.cpp
-    udisk/udiskdetection.cpp
     util/digits.cpp
     util/fileutils/create_path.cpp
     util/fileutils/env_path.cpp
@@ -41,6 +39,14 @@ set(library_sources
     util/trstrutils/merge_sort.cpp
     util/trstrutils/numbers.cpp
     util/trstrutils/split.cpp)
+set(device_sources
+    splash/devices.cpp
+    splash/gpio.cpp
+    splash/logo.cpp
+    splash/nand.cpp
+    udisk/partitions.cpp
+    udisk/udiskdetection.cpp)
+set(library_sources ${util_sources} ${device_sources})
 expect_listed(LIST ${library_sources} FOLDERS log splash udisk util)
 
 # A small build (MinSizeRel, as on the terminal) calls a subroutine for each division by a constant.
@@ -52,19 +58,24 @@ set_source_files_properties(
     util/timeutils/values/mktime.cpp
     PROPERTIES COMPILE_OPTIONS $<$<CONFIG:MinSizeRel>:-O2>)
 
-add_library(library_objects OBJECT ${library_sources})
-target_link_libraries(library_objects PRIVATE product_flags)
 # -fPIC, also for what ends in an executable: -fPIE would export copies of libc's data.
-set_target_properties(library_objects PROPERTIES POSITION_INDEPENDENT_CODE ON)
+function(add_objects name)
+    add_library(${name} OBJECT ${ARGN})
+    target_link_libraries(${name} PRIVATE orvatool_product_flags)
+    set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+endfunction()
+add_objects(orvautil_objects ${util_sources})
+add_objects(orvatool_objects ${device_sources})
+set(product_objects $<TARGET_OBJECTS:orvautil_objects> $<TARGET_OBJECTS:orvatool_objects>)
 
 expect_listed(LIST tool/main.cpp FOLDERS tool)
-add_library(tool_objects OBJECT tool/main.cpp)
-target_link_libraries(tool_objects PRIVATE product_flags troption)
-set_target_properties(tool_objects PROPERTIES POSITION_INDEPENDENT_CODE ON)
+add_objects(orvatool_main tool/main.cpp)
+configure_file(cmake/version_note.c.in ${PROJECT_BINARY_DIR}/version_note.c @ONLY)
 
 set(exports_list ${PROJECT_SOURCE_DIR}/tool/exports.list)
-add_executable(orvatool $<TARGET_OBJECTS:tool_objects> $<TARGET_OBJECTS:library_objects>)
-target_link_libraries(orvatool PRIVATE troption m)
+add_executable(orvatool $<TARGET_OBJECTS:orvatool_main> ${product_objects}
+                        ${PROJECT_BINARY_DIR}/version_note.c)
+target_link_libraries(orvatool PRIVATE orvatool_product_flags orvatool_troption ${platform_libraries})
 # The C driver links: no C++ runtime library comes along.
 set_target_properties(orvatool PROPERTIES LINKER_LANGUAGE C LINK_DEPENDS ${exports_list})
 target_link_options(

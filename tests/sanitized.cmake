@@ -18,7 +18,7 @@ set(valgrind_words --quiet --error-exitcode=99 --run-libc-freeres=no --run-cxx-f
 if(CMAKE_CROSSCOMPILING)
     list(TRANSFORM library_sources PREPEND ${PROJECT_SOURCE_DIR}/ OUTPUT_VARIABLE ubsan_sources)
     add_library(ubsan_objects OBJECT ${ubsan_sources})
-    target_link_libraries(ubsan_objects PRIVATE product_flags)
+    target_link_libraries(ubsan_objects PRIVATE orvatool_product_flags)
     target_compile_options(ubsan_objects PRIVATE ${ubsan_words})
     set_target_properties(ubsan_objects PROPERTIES POSITION_INDEPENDENT_CODE ON EXCLUDE_FROM_ALL ON)
 endif()

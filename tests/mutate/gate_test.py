@@ -16,9 +16,9 @@ enable_testing()
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 include(cmake/product.cmake)
-add_library(library_objects OBJECT ${library_sources})
-target_include_directories(library_objects PRIVATE ${PROJECT_SOURCE_DIR})
-add_executable(sum_test tests/sum_test.cpp $<TARGET_OBJECTS:library_objects>)
+add_library(orvautil_objects OBJECT ${util_sources})
+target_include_directories(orvautil_objects PRIVATE ${PROJECT_SOURCE_DIR})
+add_executable(sum_test tests/sum_test.cpp $<TARGET_OBJECTS:orvautil_objects>)
 target_include_directories(sum_test PRIVATE ${PROJECT_SOURCE_DIR})
 add_test(NAME sum_test COMMAND sum_test)
 """
@@ -37,7 +37,7 @@ int main() {
 """
 FILES = {
     "CMakeLists.txt": PROJECT,
-    "cmake/product.cmake": "set(library_sources\n    util/sum.cpp)\n",
+    "cmake/product.cmake": "set(util_sources\n    util/sum.cpp)\n",
     "tool/exports.list": "{\n    /* util/sum.h */\n    Sum;\n};\n",
     "tool/main.cpp": "",
     "util/limit.h": "constexpr int kLimit = 10;\n",

@@ -11,7 +11,7 @@ from dataclasses import dataclass, field
 from pathlib import Path
 
 HERE = Path(__file__).parent
-PRODUCT = re.compile(r"CMakeFiles/(library|tool)_objects\.dir/")
+PRODUCT = re.compile(r"CMakeFiles/orva(util|tool)_(objects|main)\.dir/")
 TOOL = "orvatool"
 # For a suite that sleeps: one that works is stopped by its processor time, whatever the load.
 LIMIT_S = 90
@@ -74,7 +74,7 @@ def reached(build, linker, program):
     objects = linker.objects(program)
     table = symbols(build, objects)
     home = {name: item for item in objects for name in table[item][0] if PRODUCT.match(item)}
-    start = [item for item in objects if not PRODUCT.match(item) or "tool_objects" in item]
+    start = [item for item in objects if not PRODUCT.match(item) or "orvatool_main" in item]
     found, waiting = set(start), list(start)
     while waiting:
         for name in table[waiting.pop()][1]:
