@@ -11,17 +11,23 @@
  * NULL is not written. What else NULL means stands at the function.
  *
  * Records are the C library's own struct dirent and struct stat. Programs that exchange them with
- * the library must be built without large-file flags, as the library is. So on a 32-bit target a
- * file of 2 GiB or more cannot be opened and has no status: it is not copied and not delivered.
+ * the library must be built without large-file flags, as the library is; others do not compile. So
+ * on a 32-bit terminal a file of 2 GiB or more cannot be opened and has no status: it is not copied
+ * and not delivered.
  *
  * The functions keep no state, but for the one folder that TrOpenFolder opens.
  */
-#ifndef UTIL_FILEUTILS_H
-#define UTIL_FILEUTILS_H
+#ifndef ORVAUTIL_FILEUTILS_H
+#define ORVAUTIL_FILEUTILS_H
 
 #include <dirent.h>
 #include <stdio.h>
 #include <sys/stat.h>
+
+#include <orvautil/config.h>
+
+ORVAUTIL_EXPECT_SIZE(struct dirent, ORVAUTIL_SIZEOF_DIRENT);
+ORVAUTIL_EXPECT_SIZE(struct stat, ORVAUTIL_SIZEOF_STAT);
 
 #ifdef __cplusplus
 extern "C" {

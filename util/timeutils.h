@@ -31,13 +31,13 @@
  * A calendar mode is 0 for the Gregorian calendar, 1 for the Persian and 2 for the Islamic one. The
  * library keeps no such setting: callers pass it each time.
  */
-#ifndef UTIL_TIMEUTILS_H
-#define UTIL_TIMEUTILS_H
+#ifndef ORVAUTIL_TIMEUTILS_H
+#define ORVAUTIL_TIMEUTILS_H
 
-#include "util/timeutils/calendars.h"
-#include "util/timeutils/clock.h"
-#include "util/timeutils/ethernet.h"
-#include "util/timeutils/texts.h"
-#include "util/timeutils/values.h"
+#include "timeutils/calendars.h"
+#include "timeutils/clock.h"
+#include "timeutils/ethernet.h"
+#include "timeutils/texts.h"
+#include "timeutils/values.h"
 
 #endif

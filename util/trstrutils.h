@@ -14,8 +14,8 @@
  * the function names for it, and nothing is written unless the function says so. An output of NULL
  * is skipped; the result and the other outputs are as ever.
  */
-#ifndef UTIL_TRSTRUTILS_H
-#define UTIL_TRSTRUTILS_H
+#ifndef ORVAUTIL_TRSTRUTILS_H
+#define ORVAUTIL_TRSTRUTILS_H
 
 #ifdef __cplusplus
 extern "C" {

@@ -1,7 +1,8 @@
 """Each kind of break is caught: planted in a copy of the sources, built, compared.
 
-Called with the cross compilers for C and C++, the folder of the sources, libtroption.so and the
-objects of the executable. Of a seed only the source that it touches is compiled anew.
+Called with the cross compilers for C and C++, the folders of the sources and of the generated
+header, libtroption.so and the objects of the executable. Of a seed only the source that it touches
+is compiled anew.
 """
 
 import dataclasses
@@ -14,7 +15,7 @@ from pathlib import Path
 
 from tests.abi import lock
 
-c_compiler, cxx_compiler, root, troption, *objects = sys.argv[1:]
+c_compiler, cxx_compiler, root, config, troption, *objects = sys.argv[1:]
 
 EXPORTS_LIST = "tool/exports.list"
 CLOCK_H, CLOCK = "util/timeutils/clock.h", "util/timeutils/clock/clock.cpp"
@@ -82,13 +83,14 @@ def differences(edits, source):
         for part in ("log", "tests/abi", "tool", "util", "platform", "splash", "udisk"):
             shutil.copytree(f"{root}/{part}", folder / part)
         plant(edits, folder)
-        flags = ("-g", "-fPIC", "-fvisibility=hidden", f"-I{folder}")
+        flags = ("-g", "-fPIC", "-fvisibility=hidden", f"-I{folder}", f"-I{config}")
         built = folder / "built.o"
         compiled = subprocess.Popen((cxx_compiler, "-std=c++20", "-fno-exceptions", "-fno-rtti",
                                      *flags, "-c", folder / source, "-o", built))
         library = folder / "headers.so"
         subprocess.run((c_compiler, "-g", "-fPIC", "-shared", "-fno-eliminate-unused-debug-types",
-                        f"-I{folder}", f"{root}/tests/abi/headers.c", "-o", library), check=True)
+                        f"-I{folder}", f"-I{config}", f"{root}/tests/abi/headers.c",
+                        "-o", library), check=True)
         assert compiled.wait() == 0
         others = [file for file in objects if not file.endswith(f"/{source}.o")]
         assert len(others) == len(objects) - 1, f"not one object comes from {source}"

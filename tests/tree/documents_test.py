@@ -18,12 +18,14 @@ LAYOUT_IN_HEADER = re.compile(r"(?<= )(\d) ([YMD]{2,4}.[YMD]{2}.[YMD]{2,4})\b")
 VISIBLE = re.compile(r"^#pragma GCC visibility push\(default\)$(.*?)^#pragma GCC visibility pop$",
                      re.MULTILINE | re.DOTALL)
 # What is no declaration of a name: comments, directives, the bodies of records and lists.
-NO_DECLARATION = re.compile(r'/\*.*?\*/|^#.*?$|^extern "C" \{$|\{[^{}]*\}',
+NO_DECLARATION = re.compile(r'/\*.*?\*/|^#.*?$|^extern "C" \{$|\{[^{}]*\}|'
+                            r'^ORVAUTIL_EXPECT_SIZE\(.*?$',
                             re.MULTILINE | re.DOTALL)
 FUNCTION = re.compile(r"^[\w\s*]*?(\w+)\s*\(")
 DATA_OBJECT = re.compile(r"^\s*extern\b[\w\s*]*?(\w+)\s*(?:\[|$)")
 
 exports = exports_list.sections(root / "tool/exports.list")
+log_names = exports_list.names(root / "log/library.list")
 
 
 def read(name):
@@ -65,6 +67,7 @@ class Headers(unittest.TestCase):
     def test_each_visible_name_is_listed(self):
         for header, names in exports.items():
             visible = declared("".join(VISIBLE.findall(read(header))))
+            names = names + log_names if header == "log/log.h" else names
             self.assertTrue(visible, f"{header} declares nothing that is visible")
             for name in visible:
                 with self.subTest(name=name):
@@ -72,8 +75,8 @@ class Headers(unittest.TestCase):
                                   f"{name}: list it in tool/exports.list, below {header}")
 
     def test_headers_of_the_library_declare_nothing_else(self):
-        for header in set(exports) - {"log/log.h"}:  # what follows there is the program's own
-            for name in set(declared(VISIBLE.sub("", read(header)))) - set(exports[header]):
+        for header in exports:
+            for name in declared(VISIBLE.sub("", read(header))):
                 self.fail(f"{name}: {header} is public and declares it outside the visible region;"
                           f" move it before #pragma GCC visibility pop and list it in"
                           f" tool/exports.list, or into a private header")

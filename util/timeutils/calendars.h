@@ -1,8 +1,8 @@
 /* Dates of the three calendars. The conventions are those of util/timeutils.h. */
-#ifndef UTIL_TIMEUTILS_CALENDARS_H
-#define UTIL_TIMEUTILS_CALENDARS_H
+#ifndef ORVAUTIL_TIMEUTILS_CALENDARS_H
+#define ORVAUTIL_TIMEUTILS_CALENDARS_H
 
-#include "util/timeutils/values.h"
+#include "values.h"
 
 /* The calendar modes. */
 enum {

@@ -1,8 +1,8 @@
 /* The clock, sleeping and ticks. The conventions are those of util/timeutils.h. */
-#ifndef UTIL_TIMEUTILS_CLOCK_H
-#define UTIL_TIMEUTILS_CLOCK_H
+#ifndef ORVAUTIL_TIMEUTILS_CLOCK_H
+#define ORVAUTIL_TIMEUTILS_CLOCK_H
 
-#include "util/timeutils/values.h"
+#include "values.h"
 
 /* The clock as eight small numbers. */
 typedef struct TClockDT {

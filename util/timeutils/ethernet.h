@@ -1,6 +1,6 @@
 /* The address of the Ethernet interface. The conventions are those of util/timeutils.h. */
-#ifndef UTIL_TIMEUTILS_ETHERNET_H
-#define UTIL_TIMEUTILS_ETHERNET_H
+#ifndef ORVAUTIL_TIMEUTILS_ETHERNET_H
+#define ORVAUTIL_TIMEUTILS_ETHERNET_H
 
 #ifdef __cplusplus
 extern "C" {

@@ -6,11 +6,6 @@
 #include "util/time_units.h"
 #include "util/timeutils.h"
 
-#ifdef __arm__
-// The terminal's programs pass time_t by value: the build must agree with theirs on its width.
-static_assert(sizeof(time_t) == sizeof(int32_t));
-#endif
-
 // A date of any calendar, with the full year.
 struct CalendarDate {
     int year;

@@ -1,8 +1,8 @@
 /* Dates, clock times and records as texts. The conventions are those of util/timeutils.h. */
-#ifndef UTIL_TIMEUTILS_TEXTS_H
-#define UTIL_TIMEUTILS_TEXTS_H
+#ifndef ORVAUTIL_TIMEUTILS_TEXTS_H
+#define ORVAUTIL_TIMEUTILS_TEXTS_H
 
-#include "util/timeutils/values.h"
+#include "values.h"
 
 /* The text types: the forms in which a record is written and read. */
 enum {

@@ -1,8 +1,12 @@
 /* Records, seconds counts and small numbers. The conventions are those of util/timeutils.h. */
-#ifndef UTIL_TIMEUTILS_VALUES_H
-#define UTIL_TIMEUTILS_VALUES_H
+#ifndef ORVAUTIL_TIMEUTILS_VALUES_H
+#define ORVAUTIL_TIMEUTILS_VALUES_H
 
 #include <time.h>
+
+#include <orvautil/config.h>
+
+ORVAUTIL_EXPECT_SIZE(time_t, ORVAUTIL_SIZEOF_TIME_T);
 
 /* The broken-down time is the C library's own record, trailing fields included. */
 typedef struct tm TTime;
