@@ -73,6 +73,7 @@ add_objects(orvatool_main tool/main.cpp)
 configure_file(cmake/version_note.c.in ${PROJECT_BINARY_DIR}/version_note.c @ONLY)
 
 set(exports_list ${PROJECT_SOURCE_DIR}/tool/exports.list)
+set(log_list ${PROJECT_SOURCE_DIR}/log/library.list)
 add_executable(orvatool $<TARGET_OBJECTS:orvatool_main> ${product_objects}
                         ${PROJECT_BINARY_DIR}/version_note.c)
 target_link_libraries(orvatool PRIVATE orvatool_product_flags orvatool_troption ${platform_libraries})

@@ -13,8 +13,12 @@
  * There is no lock. Enable levels, register threads and set options while no other thread logs.
  * Lines that are written at the same moment may mix.
  */
-#ifndef LOG_LOG_H
-#define LOG_LOG_H
+#ifndef ORVAUTIL_LOG_H
+#define ORVAUTIL_LOG_H
+
+#if defined LOG_DEBUG && !defined ORVAUTIL_PREFIXED_LEVELS
+#error "<syslog.h> has other LOG_ levels: define ORVAUTIL_PREFIXED_LEVELS and use ORVAUTIL_LOG_..."
+#endif
 
 #ifdef __cplusplus
 extern "C" {
@@ -22,11 +26,26 @@ extern "C" {
 
 /* The levels, a bit each. A line's level is one of them; the mask is any union. */
 enum {
-    LOG_ERROR = 1,
-    LOG_WARNING = 2,
-    LOG_INFO = 4,
-    LOG_DEBUG = 8,
+    ORVAUTIL_LOG_ERROR = 1,
+    ORVAUTIL_LOG_WARNING = 2,
+    ORVAUTIL_LOG_INFO = 4,
+    ORVAUTIL_LOG_DEBUG = 8,
 };
+
+/*
+ * Their short names. <syslog.h> gives LOG_DEBUG, LOG_INFO and LOG_WARNING other values, so a source
+ * has its levels or these, whichever comes first; the compiler refuses both. A source that needs
+ * both defines ORVAUTIL_PREFIXED_LEVELS and has the names above alone.
+ */
+#ifndef ORVAUTIL_PREFIXED_LEVELS
+enum {
+    LOG_ERROR = ORVAUTIL_LOG_ERROR,
+    LOG_WARNING = ORVAUTIL_LOG_WARNING,
+    LOG_INFO = ORVAUTIL_LOG_INFO,
+    LOG_DEBUG = ORVAUTIL_LOG_DEBUG,
+};
+#pragma GCC poison LOG_EMERG /* the first name of <syslog.h>: define ORVAUTIL_PREFIXED_LEVELS */
+#endif
 
 /* The keys of SetLogOption. */
 enum {
@@ -62,9 +81,11 @@ void PrintLog(int level, const char* file, const char* function, int line, const
 #pragma GCC visibility pop
 
 /*
- * Which levels are written. These functions, like all that follow, are the program's own and are
- * not exported.
+ * Which levels are written. These functions, like all that follow, are the program's own: the tool
+ * does not export its own, and liborvautil has them for the programs that are linked with it.
  */
+
+#pragma GCC visibility push(default)
 
 /*
  * Enables (on is 1) or disables (on is 0) the levels in bits.
@@ -114,6 +135,8 @@ int RegisterLogThread(const char* name);
  *    again takes the next place, and when five have been used no thread gets a name any more.
  */
 int SetLogOption(int key, const int* value);
+
+#pragma GCC visibility pop
 
 #ifdef __cplusplus
 }

@@ -1,7 +1,7 @@
 """What the linked executable exports, needs and allows.
 
-Called with the executable, its exports list, the target's nm and readelf, cmake and the build
-folder for an installation, and the objects of the library.
+Called with the executable, its exports list and that of the log, the target's nm and readelf, cmake
+and the build folder for an installation, and the objects of the library.
 """
 
 import re
@@ -13,7 +13,7 @@ import unittest
 from tests.binary.exported_names import NAMES
 from tests.support import exports_list
 
-executable, list_path, nm, readelf, cmake, build_folder, *objects = sys.argv[1:]
+executable, list_path, log_list_path, nm, readelf, cmake, build_folder, *objects = sys.argv[1:]
 
 
 def output_of(*command):
@@ -52,7 +52,7 @@ class Exports(unittest.TestCase):
         symbols = output_of(readelf, "-s", "-W", *objects)
         visible = re.findall(r" (?:GLOBAL|WEAK) +(?:DEFAULT|PROTECTED) +\d+ (\S+)$", symbols,
                              flags=re.MULTILINE)
-        listed = exports_list.names(list_path)
+        listed = exports_list.names(list_path) + exports_list.names(log_list_path)
         with self.subTest("visible names"):
             if unlisted := ", ".join(sorted(set(visible) - set(listed))):
                 self.fail(f"{unlisted}: visible in the library but not in tool/exports.list: name"
