@@ -93,5 +93,3 @@ target_link_options(
 # The run path is for the build folder only. CMake's own way to take it off ends it in ':' until
 # then, which is the current folder: a foreign libtroption.so there would be loaded.
 set_target_properties(orvatool PROPERTIES INSTALL_RPATH "$ORIGIN/../lib" BUILD_WITH_INSTALL_RPATH ON)
-install(TARGETS orvatool RUNTIME DESTINATION bin)
-install(CODE [[file(RPATH_REMOVE FILE "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}/bin/orvatool")]])

@@ -97,7 +97,7 @@ class RunPath(unittest.TestCase):
     def test_is_taken_off_when_installed(self):
         with tempfile.TemporaryDirectory() as prefix:
             output_of(cmake, "--install", build_folder, "--prefix", prefix)
-            installed = f"{prefix}/bin/orvatool"
+            installed = f"{prefix}/sbin/orvatool"
             self.assertEqual(run_paths(installed), [])
             for which in ("--defined-only", "--undefined-only"):
                 self.assertEqual(dynamic_symbols(which, installed), dynamic_symbols(which))
