@@ -24,7 +24,6 @@ install(
     CODE "set(tool \"${CMAKE_INSTALL_SBINDIR}/orvatool\")
           cmake_path(ABSOLUTE_PATH tool BASE_DIRECTORY \"\${CMAKE_INSTALL_PREFIX}\")
           file(RPATH_REMOVE FILE \"\$ENV{DESTDIR}\${tool}\")")
-install(FILES docs/orvatool.8 DESTINATION ${CMAKE_INSTALL_MANDIR}/man8)
 if(ORVATOOL_INSTALL_STANDINS AND NOT ORVATOOL_TROPTION)
     install(TARGETS orvatool_troption LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 endif()
