@@ -15,10 +15,11 @@ LIBRARY = "orvautil"
 DATE = re.match(r"\.Dd .*", pathlib.Path(__file__).with_name("orvatool.8").read_text())[0]
 ESCAPES = str.maketrans({"\\": r"\e", '"': r"\(dq", "'": r"\(aq", "^": r"\(ha", "\xa0": r"\ "})
 
-# A header, piece by piece. "other" is for the compiler alone.
+# A header, piece by piece. "other" is for the compiler alone. A directive may stand between a
+# comment and what it is about.
 PIECE = re.compile(r"""(?P<comment>/\*.*?\*/\n)
-  | (?P<other>\#(?!define\ \w+\ +\S)(?:\\\n|[^\n])*\n | extern\ "C"\ \{\n | \}\n | \n
-             | (?:_S|s)tatic_assert\([^;]*;\n)
+  | (?P<other>(?P<directive>\#(?!define\ \w+\ +\S)(?:\\\n|[^\n])*\n) | extern\ "C"\ \{\n | \}\n | \n
+             | (?:_Static_assert|static_assert|[A-Z_]+)\([^;]*;\n)
   | (?P<type>(?:\#define\ \w+\ +\S[^\n]*\n)+ | (?:enum|typedef|struct)\b(?:[^;{}]|\{[^}]*\})*;\n)
   | (?P<data>extern\ [\w *]+?\ ?\b(?P<object>\w+)(?:\[\w+\])*);\n
   | (?P<result>\w[\w *]*?)\ ?\b(?P<called>\w+)\((?P<arguments>[^;{}]*?)\)
@@ -51,7 +52,7 @@ class Header:
                 faults.append(f"{where}: not understood: {source[at:].splitlines()[0]}")
                 break
             at, name = piece.end(), piece["called"] or piece["object"]
-            comment, above = above, None
+            comment, above = above, above if piece["directive"] else None
             if piece["comment"]:
                 text = re.sub(r"^/\*\s?|\s*\*/\n", "", piece[0])
                 above = (where, re.sub(r"^ \* ?", "", text, flags=re.MULTILINE))

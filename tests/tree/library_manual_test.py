@@ -105,8 +105,9 @@ class Pages(unittest.TestCase):
     def test_each_shows_all_words_of_its_header(self):
         for header in headers:
             page = "orvautil_" + re.sub(r"^(log|util)/|\.h$", "", header).replace("/", "_")
-            comments = re.findall(r"/\*(.*?)\*/(?:\n#(?!define|ifndef \w+_H$))?",
-                                  (root / header).read_text(encoding="utf-8"), re.DOTALL)
+            source = re.sub("^#.*", "", (root / header).read_text(encoding="utf-8"),
+                            flags=re.MULTILINE)
+            comments = re.findall(r"/\*(.*?)\*/", source, re.DOTALL)
             text = re.sub(r"\b(?:log|util)/[\w/]+\.h\b", "", "\n".join(comments))
             shown = mandoc("mandoc", "-T", "utf8", "-O", "width=1000",
                            self.folder / f"man3/{page}.3", folder=self.folder)
@@ -164,6 +165,10 @@ class Refused(unittest.TestCase):
 
     def test_a_function_apart_from_its_comment(self):
         self.check("int Copy", "\nint Copy", 10, r"no comment directly above: int Copy\(")
+
+    def test_a_directive_between_them_does_not_matter(self):
+        run, pages = self.run_on(FINE.replace("int Copy", "#ifdef __linux__\nint Copy"))
+        self.assertEqual((run.returncode, len(pages)), (0, 2), run.stderr)
 
     def test_a_type_without_comment(self):
         self.check(COMMENT, "enum { A };\n\n" + COMMENT, 3, r"no comment directly above: enum")
