@@ -1,7 +1,7 @@
 # The manual: the tool's page, and the library's pages of section 3, which docs/manual.py writes from
 # the comments of the public headers. It takes python3; a build without it has all but these pages.
 if(ORVATOOL_INSTALL)
-    install(FILES docs/orvatool.8 DESTINATION ${CMAKE_INSTALL_MANDIR}/man8)
+    install(FILES docs/orvatool.8 DESTINATION ${CMAKE_INSTALL_MANDIR}/man8 COMPONENT manual)
 endif()
 
 find_package(Python3 3.9 QUIET COMPONENTS Interpreter)
@@ -27,5 +27,5 @@ add_custom_command(
     VERBATIM)
 add_custom_target(orvautil_manual ALL DEPENDS ${manual_pages})
 if(ORVATOOL_INSTALL)
-    install(FILES ${manual_pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man3)
+    install(FILES ${manual_pages} DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT manual)
 endif()
