@@ -152,6 +152,18 @@ TEST_F(LogThreads, WithASlotGetZeroFromAFullTable) {
     EXPECT_EQ(gLogThreadCount, 5);
 }
 
+TEST_F(LogThreads, LeaveTheirNameToTheNextOneOfTheirNumber) {
+    SetRunMode(kThreadNames);
+    std::thread([] { RegisterLogThread("ended"); }).join();
+    EXPECT_EQ(gLogThreadCount, 1);
+    EXPECT_STREQ(gLogThreads[0].name, "ended");
+    gLogThreads[0].id = pthread_self();  // as the C library gives it to a new thread
+    EXPECT_EQ(RegisterLogThread("new"), 1);
+    CapturedLog log;
+    PrintLog(LOG_INFO, "f", "g", 1, "m");
+    EXPECT_EQ(TakeThreadName(log), "ended");
+}
+
 TEST_F(LogThreads, ShowTheFirstOfTwoSlots) {
     gRunMode = kThreadNames;
     gLogThreadCount = 3;

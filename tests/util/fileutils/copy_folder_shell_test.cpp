@@ -61,3 +61,17 @@ TEST_F(CopyFolderByShell, DoesNotCountWhatItsCutPathMisses) {
     EXPECT_EQ(Copy("dest"), 1);
     EXPECT_EQ(AsSet(Names(Path("dest"))), (std::set<std::string>{".", "..", "short"}));
 }
+
+TEST_F(CopyFolderByShell, LetsTheShellInterpretNamesSourceAndDestination) {
+    Write("src/1", "one");
+    Write("src/$(echo 1)", "never copied");
+    EXPECT_EQ(Copy("d*t"), 2);
+    EXPECT_EQ(AsSet(Names(Path("dest"))), (std::set<std::string>{".", "..", "1"}));
+    EXPECT_EQ(Read("dest/1"), "one");
+
+    mkdir(Path("${HOME#$HOME}src").c_str(), 0755);  // which the shell reads as src
+    Write("${HOME#$HOME}src/2", "never copied");
+    Write("src/2", "two");
+    EXPECT_EQ(CopyFolder(Path("${HOME#$HOME}src").c_str(), Path("dest").c_str(), nullptr), 1);
+    EXPECT_EQ(Read("dest/2"), "two");
+}

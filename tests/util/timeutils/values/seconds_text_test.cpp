@@ -74,6 +74,17 @@ TEST(StrTimeToTm, LeavesFieldsThatTheTextDoesNotGive) {
                              });
 }
 
+TEST(StrTimeToTm, SetsWeekdayAndDayOfYearOfAWholeDateAlone) {
+    struct tm rec = Marked();
+    StrTimeToTm(&rec, "2024-05-07");
+    EXPECT_EQ(rec.tm_wday, 2);  // a Tuesday
+    EXPECT_EQ(rec.tm_yday, 127);
+    rec = Marked();
+    StrTimeToTm(&rec, "2024-05");
+    EXPECT_EQ(rec.tm_wday, kMark);
+    EXPECT_EQ(rec.tm_yday, kMark);
+}
+
 TEST(StrTimeToTm, RefusesNoText) {
     struct tm rec = Marked();
     EXPECT_EQ(StrTimeToTm(&rec, nullptr), 0);
