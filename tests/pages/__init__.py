@@ -1,0 +1,1 @@
+"""What the documents in docs/ say that this tree or its compiler can tell."""
