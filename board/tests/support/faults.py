@@ -6,6 +6,7 @@ from collections import Counter
 from board.sticks import NOTES
 from board.terminal import SERIAL
 from board.tests.support.case import BoardTest
+from tests.pages import technician
 from tests.support import tool
 from tests.support.faults import BOUND_S, row_of
 
@@ -29,10 +30,18 @@ class FaultTest(BoardTest):
         super().setUp()
         self._sticks = {}  # those plugged in, and what was on them before
         self._checked = False
+        self._logged = ""  # by the runs that it checks
 
     def tearDown(self):
         self.assertTrue(self._checked, "this test is a row, and checks no promise")
+        self._assert_shows_what_the_technician_reads()
         super().tearDown()
+
+    def _assert_shows_what_the_technician_reads(self):
+        """Where docs/technician.md says that this test shows log lines, the tool has written them."""
+        file = type(self).__module__.replace(".", "/")
+        for line in technician.lines_of(file, self._testMethodName):
+            self.assertIn(line, self._logged, "docs/technician.md quotes this line")
 
     def stick(self, *partitions, **options):
         """A new stick, with more files on it."""
@@ -72,6 +81,7 @@ class FaultTest(BoardTest):
         The RAM-disk file has to hold what every run with all log levels writes, then these lines.
         """
         took_s = time.monotonic() - self._began_s
+        self._logged += tool.without_times(self.output())
         checks = {
             "exit": lambda: self.assertEqual(result.status, 0, result.errors),
             "output": lambda: self.assertEqual(tool.without_times(self.output()), "".join(
