@@ -1,0 +1,1 @@
+"""The Debian packages that script/package built: installed, used, removed and purged."""
