@@ -12,14 +12,14 @@ import sys
 import textwrap
 
 LIBRARY = "orvautil"
-DATE = re.match(r"\.Dd .*", pathlib.Path(__file__).with_name("orvatool.8").read_text())[0]
+LICENCE_AND_DATE = "".join(pathlib.Path(__file__).with_name("orvatool.8").open().readlines()[:2])
 ESCAPES = str.maketrans({"\\": r"\e", '"': r"\(dq", "'": r"\(aq", "^": r"\(ha", "\xa0": r"\ "})
 
 # A header, piece by piece. "other" is for the compiler alone. A directive may stand between a
 # comment and what it is about.
-PIECE = re.compile(r"""(?P<comment>/\*.*?\*/\n)
+PIECE = re.compile(r"""(?P<comment>/\*(?!\ SPDX).*?\*/\n)
   | (?P<other>(?P<directive>\#(?!define\ \w+\ +\S)(?:\\\n|[^\n])*\n) | extern\ "C"\ \{\n | \}\n | \n
-             | (?:_Static_assert|static_assert|[A-Z_]+)\([^;]*;\n)
+             | /\*\ SPDX[^\n]*\n | (?:_Static_assert|static_assert|[A-Z_]+)\([^;]*;\n)
   | (?P<type>(?:\#define\ \w+\ +\S[^\n]*\n)+ | (?:enum|typedef|struct)\b(?:[^;{}]|\{[^}]*\})*;\n)
   | (?P<data>extern\ [\w *]+?\ ?\b(?P<object>\w+)(?:\[\w+\])*);\n
   | (?P<result>\w[\w *]*?)\ ?\b(?P<called>\w+)\((?P<arguments>[^;{}]*?)\)
@@ -107,7 +107,7 @@ def page(title, about, body):
     names = [title, *(name for name in found if found[name][0] == title)]
     others = sorted({LIBRARY, *(each.page for each in headers)} - {title})
     return "\n".join([
-        DATE, f".Dt {title.upper()} 3", ".Os", ".Sh NAME",
+        LICENCE_AND_DATE + f".Dt {title.upper()} 3", ".Os", ".Sh NAME",
         ".Nm " + " ,\n.Nm ".join(names), f".Nd {about}", ".Sh SYNOPSIS", *body,
         ".Sh SEE ALSO", *(f".Xr {each} 3 ," for each in others), ".Xr orvatool 8", ""])
 

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /*
  * Files, folders and shell commands.
  *

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /*
  * Time values, date and time texts, calendars, the clock and the Ethernet address.
  *

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /*
  * Texts and numbers: splitting, values of keys, trimming, hexadecimal, checksum, sorting.
  *

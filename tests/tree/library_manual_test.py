@@ -107,7 +107,7 @@ class Pages(unittest.TestCase):
             page = "orvautil_" + re.sub(r"^(log|util)/|\.h$", "", header).replace("/", "_")
             source = re.sub("^#.*", "", (root / header).read_text(encoding="utf-8"),
                             flags=re.MULTILINE)
-            comments = re.findall(r"/\*(.*?)\*/", source, re.DOTALL)
+            comments = re.findall(r"/\*(?! SPDX)(.*?)\*/", source, re.DOTALL)
             text = re.sub(r"\b(?:log|util)/[\w/]+\.h\b", "", "\n".join(comments))
             shown = mandoc("mandoc", "-T", "utf8", "-O", "width=1000",
                            self.folder / f"man3/{page}.3", folder=self.folder)

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* Dates of the three calendars. The conventions are those of util/timeutils.h. */
 #ifndef ORVAUTIL_TIMEUTILS_CALENDARS_H
 #define ORVAUTIL_TIMEUTILS_CALENDARS_H

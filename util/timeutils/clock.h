@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* The clock, sleeping and ticks. The conventions are those of util/timeutils.h. */
 #ifndef ORVAUTIL_TIMEUTILS_CLOCK_H
 #define ORVAUTIL_TIMEUTILS_CLOCK_H

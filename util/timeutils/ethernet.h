@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* The address of the Ethernet interface. The conventions are those of util/timeutils.h. */
 #ifndef ORVAUTIL_TIMEUTILS_ETHERNET_H
 #define ORVAUTIL_TIMEUTILS_ETHERNET_H

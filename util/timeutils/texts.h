@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* Dates, clock times and records as texts. The conventions are those of util/timeutils.h. */
 #ifndef ORVAUTIL_TIMEUTILS_TEXTS_H
 #define ORVAUTIL_TIMEUTILS_TEXTS_H

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* Records, seconds counts and small numbers. The conventions are those of util/timeutils.h. */
 #ifndef ORVAUTIL_TIMEUTILS_VALUES_H
 #define ORVAUTIL_TIMEUTILS_VALUES_H
