@@ -20,7 +20,8 @@ def build(place, configure=PLAIN):
     """The folders of what a build gives: programs, libraries, and what is installed."""
     place.run(*configure)
     place.run("cmake", "--build", "build", "--parallel", os.cpu_count())
-    place.run("env", f"DESTDIR=build/{INSTALLED}", "cmake", "--install", "build", "--prefix", "/usr")
+    place.run("env", f"DESTDIR=build/{INSTALLED}", "cmake", "--install", "build",
+              "--prefix", "/usr")
     return [place.sources / "build" / folder for folder in ("bin", "lib", INSTALLED)]
 
 
@@ -49,7 +50,7 @@ def mode(path, folder):
 
 
 def files_of(folders):
-    """Each file below the folders: its name, with its mode where it is installed, and its content."""
+    """Each file below the folders: its name, with its mode if it is installed, and its content."""
     return {str(path.relative_to(folder.parent)): (mode(path, folder), path.read_bytes())
             for folder in folders for path in sorted(folder.rglob("*"))
             if path.is_file() and not path.is_symlink()}
