@@ -6,7 +6,7 @@ LIC_FILES_CHKSUM = "file://LICENSE;md5=59133b5e0f7b0e076c44a4c67d0907e5"
 
 # The sources are the tree that this layer is in.
 inherit cmake externalsrc python3native
-EXTERNALSRC = "${@os.path.realpath(d.expand('${THISDIR}/../../../..'))}"
+EXTERNALSRC = "${THISDIR}/../../../.."
 EXTERNALSRC_BUILD = "${WORKDIR}/build"
 
 # Distributions widen off_t and time_t for every recipe. The terminal's programs pass the narrow
