@@ -9,7 +9,9 @@ import sys
 import unittest
 
 root = pathlib.Path(sys.argv[1])
+# REUSE-IgnoreStart
 LINE = "SPDX-License-Identifier: MIT"
+# REUSE-IgnoreEnd
 HOLDER = "the orvatool authors"
 
 
@@ -47,6 +49,12 @@ class Licence(unittest.TestCase):
 
     def test_pkg_config_knows_it(self):
         self.assertIn("\nLicense: MIT\n", read("cmake/orvautil.pc.in"))
+
+    def test_reuse_finds_it_for_every_file(self):
+        """What `reuse lint` reads: the licence by its short name, and who has which files."""
+        self.assertEqual((root / "LICENSES/MIT.txt").resolve(), root.resolve() / "LICENSE")
+        self.assertEqual((root / ".reuse/dep5").resolve(),
+                         root.resolve() / "packaging/debian/copyright")
 
     def test_debian_packages_carry_the_same_text(self):
         copyright_file = read("packaging/debian/copyright")
