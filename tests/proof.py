@@ -29,6 +29,8 @@ COMMANDS = {
     "abi": "script/abi",
     "analyse": "script/analyse",
     "sanitize": "script/sanitize",
+    "package": "script/package",
+    "reproduce": "script/reproduce",
 }
 # What each of these figures, in its command's unit, may be at most.
 BOUNDS = {
