@@ -48,9 +48,9 @@ TEST_F(PrintLogTest, NamesTheFourLevels) {
         int level;
         const char* name;
     } kCases[] = {
-        {1, "Error"},     {2, "Warning"},   {4, "Info"},      {8, "Debug"},
-        {3, "Unknown"},   {5, "Unknown"},   {16, "Unknown"},  {15, "Unknown"},
-        {255, "Unknown"}, {257, "Unknown"}, {260, "Unknown"}, {-1, "Unknown"},
+        {1, "Error"},     {2, "Warning"},     {4, "Info"},     {8, "Debug"},     {3, "Unknown"},
+        {5, "Unknown"},   {16, "Unknown"},    {15, "Unknown"}, {255, "Unknown"}, {257, "Unknown"},
+        {260, "Unknown"}, {65537, "Unknown"}, {-1, "Unknown"},
     };
     CapturedLog log;
     for (const auto& [level, name] : kCases) {
