@@ -35,8 +35,9 @@ enum {
 
 /*
  * Their short names. <syslog.h> gives LOG_DEBUG, LOG_INFO and LOG_WARNING other values, so a source
- * has its levels or these, whichever comes first; the compiler refuses both. A source that needs
- * both defines ORVAUTIL_PREFIXED_LEVELS and has the names above alone.
+ * has its levels or these: both are refused, whichever comes first. It alone declares setlogmask,
+ * which tells that it comes afterwards. A source that needs both defines ORVAUTIL_PREFIXED_LEVELS
+ * and has the names above alone.
  */
 #ifndef ORVAUTIL_PREFIXED_LEVELS
 enum {
@@ -45,7 +46,8 @@ enum {
     LOG_INFO = ORVAUTIL_LOG_INFO,
     LOG_DEBUG = ORVAUTIL_LOG_DEBUG,
 };
-#pragma GCC poison LOG_EMERG /* the first name of <syslog.h>: define ORVAUTIL_PREFIXED_LEVELS */
+#define ORVAUTIL_REFUSE() _Pragma("GCC error \"beside <syslog.h> define ORVAUTIL_PREFIXED_LEVELS\"")
+#define setlogmask(mask) ORVAUTIL_REFUSE() setlogmask(mask)
 #endif
 
 /* The keys of SetLogOption. */
