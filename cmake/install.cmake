@@ -1,6 +1,5 @@
 # What `cmake --install` puts where, and how the target orvatool_uninstall takes it away.
 
-include(GNUInstallDirs)
 if(NOT ORVATOOL_INSTALL)
     return()
 endif()

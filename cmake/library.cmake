@@ -2,6 +2,8 @@
 # that the tool carries too. Other projects use the targets orvautil::orvautil and
 # orvautil::orvautil_static, in this build and, by find_package, installed.
 
+include(GNUInstallDirs)
+
 # The headers under the names that they have when installed, as <orvautil/log.h>.
 set(public_headers
     log/log.h
