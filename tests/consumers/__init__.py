@@ -1,0 +1,1 @@
+"""The library as other projects use it: installed, or built inside them."""
