@@ -12,15 +12,16 @@ set(ORVATOOL_SANITIZE "" CACHE STRING "Sanitizers for everything that is built, 
 set(ORVATOOL_TROPTION "" CACHE FILEPATH "The terminal's own libtroption.so; empty: our stand-in")
 
 foreach(name TESTS BENCH COVERAGE FUZZ WERROR INSTALL INSTALL_STANDINS FORTIFY)
-    if(NOT "${ORVATOOL_${name}}" MATCHES "^(ON|OFF|TRUE|FALSE|YES|NO|1|0)$")
+    string(TOUPPER "${ORVATOOL_${name}}" value)
+    if(NOT value MATCHES "^(ON|OFF|TRUE|FALSE|YES|NO|Y|N|1|0)$")
         message(FATAL_ERROR "ORVATOOL_${name} is \"${ORVATOOL_${name}}\": give ON or OFF.")
     endif()
 endforeach()
 
-# "None" is what packagers give who bring all flags themselves.
+# "None" is what packagers give who bring all flags themselves. A type of one's own has flags.
 string(TOUPPER "${CMAKE_BUILD_TYPE}" build_type)
 if(NOT build_type MATCHES "^(|NONE|DEBUG|RELEASE|RELWITHDEBINFO|MINSIZEREL)$"
-   AND NOT DEFINED CMAKE_CXX_FLAGS_${build_type})
+   AND "${CMAKE_CXX_FLAGS_${build_type}}" STREQUAL "")
     message(FATAL_ERROR "CMAKE_BUILD_TYPE is \"${CMAKE_BUILD_TYPE}\": give MinSizeRel, as on the terminal,"
                         " RelWithDebInfo, Release, Debug or None.")
 endif()
