@@ -80,3 +80,22 @@ class Test(unittest.TestCase):
         self.assertEqual(ended.returncode, status, said)
         for text in texts:
             self.assertIn(text, " ".join(said.split()), said)
+
+
+class ConfigureTest(Test):
+    """A test that configures our build, all in one build folder."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.build = Path(tempfile.mkdtemp(prefix="consumer-build-"))
+        cls.addClassCleanup(shutil.rmtree, cls.build)
+
+    def configured(self, *options):
+        return configure(ROOT, self.build, *options)
+
+    def assert_refused(self, name, *values_and_texts):
+        """Each value with what is said of it; taken back, it leaves nothing behind."""
+        for value, *texts in values_and_texts:
+            with self.subTest(name=name, value=value):
+                self.assert_ends(self.configured(f"-D{name}={value}"), 1, *texts)
+        self.assert_ends(self.configured(f"-U{name}"), 0)
