@@ -13,7 +13,8 @@ class WideFlags(target.ConfigureTest):
     def test_are_refused_and_can_be_taken_back(self):
         self.assert_refused(
             "CMAKE_CXX_FLAGS",
-            (FILE_OFFSET, f'With the flags "{FILE_OFFSET}" off_t has 8 bytes and time_t 4; {NARROW}'),
+            (FILE_OFFSET,
+             f'With the flags "{FILE_OFFSET}" off_t has 8 bytes and time_t 4; {NARROW}'),
             (TIME, f'With the flags "{TIME}" the C library\'s headers do not compile',
              "take that out of the flags."),
             (BOTH, f'With the flags "{BOTH}" off_t has 8 bytes and time_t 8; {NARROW}'))
