@@ -70,6 +70,16 @@ class Route(target.Test):
         return build
 
 
+class Page(unittest.TestCase):
+    longMessage = False
+
+    def test_tells_what_is_tried_here(self):
+        page = (target.ROOT / "docs/integrating.md").read_text(encoding="utf-8")
+        for text in (PKG_CONFIG, PLAIN_FLAGS, FIND_PACKAGE, ADD_SUBDIRECTORY, LINK,
+                     "orvautil::orvautil_static", "liborvautil.a"):
+            self.assertIn(f"`{text}`", page, f"docs/integrating.md does not tell `{text}`")
+
+
 class Commands(Route):
     def test_pkg_config(self):
         for language in STANDARDS:
