@@ -136,7 +136,7 @@ class Security(unittest.TestCase):
         "It meets four things that others write or hold: the option store, the RAM disk, the stick"
         " and its caller's environment.",
         "Each sentence of the items below names what shows it: rows of the fault catalogue,"
-        " `docs/faults.md`, or, of the library, tests.",
+        " `docs/faults.md`, or, of library and build, tests.",
         "The public headers say which function trusts what.",
         "Report a weakness to the maintainers of the terminal's firmware in confidence, not in a"
         " public place.",
@@ -164,7 +164,7 @@ class Security(unittest.TestCase):
 
     def test_each_sentence_about_the_library_names_its_tests(self):
         tests = set()
-        for file in (*root.glob("tests/**/*_test.cpp"), *root.glob("board/tests/*_test.py")):
+        for file in (*root.glob("tests/**/*_test.*"), *root.glob("board/tests/*_test.py")):
             text = file.read_text(encoding="utf-8")
             tests.update(".".join(names) for names in self.CPP_TEST.findall(text))
             tests.update(self.PYTHON_TEST.findall(text))
