@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <csignal>
 #include <cstdio>
 
 #include "tests/support/dirty_stack.h"
+
+// Words and records stand in the tests as the bytes that little-endian processors have of them.
+static_assert(std::endian::native == std::endian::little);
 
 namespace {
 
