@@ -6,15 +6,25 @@
  * The trace has the line "refused" there. The C library's own calls are counted too: a stream or a
  * folder is opened for the tool. What the loader takes before is not.
  */
+#define _GNU_SOURCE
+#include <dlfcn.h>
 #include <errno.h>
 #include <stddef.h>
 #include <stdlib.h>
 
 #include "tests/process/probe.h"
 
+#ifdef __GLIBC__
 void* __libc_malloc(size_t size);
 void* __libc_calloc(size_t count, size_t size);
 void* __libc_realloc(void* block, size_t size);
+#else
+/* Found by name: musl's dlsym takes no memory. */
+#define REAL(function) ((__typeof__(&(function)))dlsym(RTLD_NEXT, #function))
+#define __libc_malloc REAL(malloc)
+#define __libc_calloc REAL(calloc)
+#define __libc_realloc REAL(realloc)
+#endif
 
 static int left = -1; /* allocations until the one that is refused, or none is when negative */
 

@@ -20,6 +20,7 @@
 #include <fcntl.h>
 #include <stdarg.h>
 #include <stdio.h>
+#include <stdio_ext.h>
 #include <stdlib.h>
 #include <string.h>
 #include <sys/mount.h>
@@ -52,10 +53,33 @@ void WriteTrace(const char* text, size_t size) {
     }
 }
 
+#ifdef __GLIBC__
+static void PrepareOutput(void) {}
+
+static const char* OutputStart(void) {
+    return stdout->_IO_write_base;
+}
+#else
+/*
+ * musl shows nobody where its buffer is, and would write line by line: the reopened stream still
+ * takes itself for a console. So it gets a buffer of glibc's size, whose first bytes it keeps free.
+ */
+enum { kKeptFree = 8, kBufferSize = 4096 };
+static char output[kKeptFree + kBufferSize];
+
+static void PrepareOutput(void) {
+    setvbuf(stdout, output, _IOFBF, sizeof output);
+}
+
+static const char* OutputStart(void) {
+    return output + kKeptFree;
+}
+#endif
+
 /* The text in stdout's buffer that was not there the last time. A flush shows as such. */
 static void TraceOutput(void) {
-    const char* start = stdout->_IO_write_base;
-    const size_t size = start != NULL ? (size_t)(stdout->_IO_write_ptr - start) : 0;
+    const char* start = OutputStart();
+    const size_t size = __fpending(stdout);
     if (size < seen) {
         WriteTrace("flush\n", sizeof "flush\n" - 1);
         seen = 0;
@@ -124,6 +148,7 @@ __attribute__((constructor)) static void Start(void) {
     for (int descriptor = 0; descriptor < kLowDescriptors; ++descriptor) {
         start_descriptors[descriptor] = IsOpen(descriptor);
     }
+    PrepareOutput();
     unsetenv("LD_PRELOAD"); /* the commands that the tool starts are not watched */
     CountAllocations();
 }
