@@ -58,9 +58,10 @@ def lines(path):
     return [line for line in stripped if line]
 
 
-def wanted():
-    """The package names with an architecture, in the order of the list."""
-    return [name for name in lines(LIST) if ":" in name]
+def wanted(*words):
+    """The package names with an architecture and exactly these words, in the order of the list."""
+    entries = (line.split() for line in lines(LIST))
+    return [name for name, *more in entries if ":" in name and more == list(words)]
 
 
 def pinned():

@@ -1,0 +1,48 @@
+"""Sysroots made of Debian's packages, in the cache; nothing gets installed."""
+
+import os
+import subprocess
+
+from board import lockfile, packages
+from board.mirror import Mirror
+
+SYSROOTS = {
+    "glibc": ("libc6:armel", "libc6-dev:armel", "linux-libc-dev:armel"),
+    "musl": ("musl:armel", "musl-dev:armel"),
+}
+
+
+def download(names, work):
+    """The files of the newest packages of these names."""
+    mirror = Mirror(work / "apt")
+    for _ in packages.attempts():
+        mirror.update()  # whether all of them can be had is what counts
+        files = {name: mirror.download_newest(name, work / "archives") for name in names}
+        if all(files.values()):
+            return list(files.values())
+    lacking = ", ".join(name for name, file in files.items() if not file)
+    raise packages.Unavailable(f"could not get the package {lacking}")
+
+
+def unpack(files, folder):
+    """Unpacks package files into a new folder, laid out as an installed system."""
+    (folder / "usr/lib").mkdir(parents=True)
+    (folder / "lib").symlink_to("usr/lib")
+    for file in files:
+        # As tar unpacks by itself, the link would become a folder.
+        subprocess.run(f"dpkg-deb --fsys-tarfile '{file}' | tar -x --keep-directory-symlink",
+                       shell=True, check=True, cwd=folder)
+
+
+def sysroot(name):
+    """The folder of a sysroot, which is filled when it is missing."""
+    names = SYSROOTS[name]
+    if unlisted := set(names) - set(lockfile.wanted() + lockfile.wanted("proof")):
+        raise packages.Unavailable(f"script/packages does not list {', '.join(unlisted)}")
+    folder = packages.cache() / f"sysroot-{'+'.join(names).replace(':armel', '')}"
+    if not folder.is_dir():
+        with packages.work_folder() as work:
+            unpack(download(names, work), work / "root")
+            if not folder.is_dir():  # another run may have been quicker
+                os.rename(work / "root", folder)
+    return folder
