@@ -20,6 +20,7 @@ LIST = f"""\
 cmake  # a package of this machine
 {lockfile.KERNEL}
 {SHELL}  # commands
+musl:armel proof  # not the terminal's, and not on the mirror
 """
 OTHER_SHELL = ("script/setup: the mirrors do not have the pinned dash:armel 1:1.5;"
                " going on with dash:armel 1:2.0\n")
