@@ -31,6 +31,8 @@ COMMANDS = {
     "sanitize": "script/sanitize",
     "package": "script/package",
     "reproduce": "script/reproduce",
+    "sysroot": "script/sysroot",
+    "musl": "script/musl",
 }
 # What each of these figures, in its command's unit, may be at most.
 BOUNDS = {
