@@ -45,7 +45,7 @@ class Caller(FaultTest):
 
     def install_for_others(self):
         """Takes the programs out of the build folder, which may be closed to others."""
-        files = self.tool, self.probe, f"{os.path.dirname(self.probe)}/libtroption.so"
+        files = self.tool, self.probe, f"{os.path.dirname(os.environ['PROBE'])}/libtroption.so"
         for file, folder in zip(files, ("bin", "lib", "lib")):
             os.makedirs(f"{TEST_FOLDER}/{folder}", exist_ok=True)
             shutil.copy(file, f"{TEST_FOLDER}/{folder}")

@@ -16,6 +16,7 @@ OPTIONS_FILE = "/mnt/test/options.txt"
 TRACE_FILE = "/mnt/test/trace.txt"
 ROOT = "/mnt/test/root"
 COMMANDS = "/mnt/test/commands"
+PRELOADED = "/mnt/test/libprobe.so"  # the loader takes a path with a blank for two
 EMULATOR = os.environ["EMULATOR"].split()  # runs the tool when it is not this machine's
 LEAKS = Path(__file__).parents[1] / "lsan.supp"  # what may stay to the end of the process
 
@@ -62,12 +63,12 @@ def kernel_version():
 
 
 def tree(folder):
-    """All files under folder with their contents; folders have None."""
+    """All files under folder with their contents; links have their target, folders None."""
     found = {}
     for parent, folders, files in os.walk(folder):
         found.update({os.path.join(parent, name): None for name in folders})
-        found.update({os.path.join(parent, name): read(os.path.join(parent, name))
-                      for name in files})
+        for path in (os.path.join(parent, name) for name in files):
+            found[path] = os.readlink(path) if os.path.islink(path) else read(path)
     return found
 
 
@@ -88,7 +89,8 @@ class TerminalTest(unittest.TestCase):
         self.errno_of_commands = None
         self.refused = None     # the allocation that fails
         self.path = f"{self.quick_sync()}:{os.environ['PATH']}"
-        self.tool, self.probe = os.environ["TOOL"], os.environ["PROBE"]
+        self.tool, self.probe = os.environ["TOOL"], PRELOADED
+        os.symlink(os.environ["PROBE"], PRELOADED)
         self.wrapper = []       # what starts the tool on this machine, as `strace` does
         self.prepare = None     # called in the new process before it becomes the tool
         self.inherited = ()     # descriptors that stay open
@@ -128,7 +130,7 @@ class TerminalTest(unittest.TestCase):
             "PROBE_TRACE": TRACE_FILE,
             "PROBE_MOUNT": self.mount_results,
             "PROBE_UMOUNT": self.umount_results,
-            "LSAN_OPTIONS": f"suppressions={LEAKS}:print_suppressions=0",
+            "LSAN_OPTIONS": f"suppressions='{LEAKS}':print_suppressions=0",
         }
         if self.errno_of_commands is not None:
             variables["PROBE_ERRNO"] = str(self.errno_of_commands)
