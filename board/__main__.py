@@ -7,12 +7,14 @@ the files of tests, 2/2 the other: the tests of a file make its figures together
 """
 
 import re
+import signal
 import sys
 import time
 import unittest
 from pathlib import Path
 
 from board import demo, figures, session
+from board.machine import MachineGone
 
 TESTS = Path(__file__).parent / "tests"
 LONG = "long"
@@ -21,6 +23,14 @@ SHARE = re.compile(r"([1-9])/([1-9])")
 SECONDS = {"power_cut": 45, "failing_media": 20, "damaged_sticks": 15, "layouts": 10, "timing": 10,
            "vectors": 10, "pulled": 8, "repeated_runs": 6}
 OTHER_SECONDS = 4
+ENDS = signal.SIGINT, signal.SIGTERM, signal.SIGHUP  # ask us to end
+
+
+def end(number, _):
+    """Ends what is done here; no second signal disturbs the cleaning up."""
+    for each in ENDS:
+        signal.signal(each, lambda *_: None)
+    raise KeyboardInterrupt(number)
 
 
 def all_tests(suite):
@@ -119,4 +129,12 @@ def main(build, word=None):
 if __name__ == "__main__":
     if len(sys.argv) not in (2, 3):
         sys.exit("usage: python3 -m board BUILD [run | shell | long | N/M | TEST]")
-    sys.exit(main(*sys.argv[1:]))
+    for signal_number in ENDS:
+        signal.signal(signal_number, end)
+    try:
+        sys.exit(main(*sys.argv[1:]))
+    except (MachineGone, AssertionError) as error:  # what a terminal did not do
+        sys.exit(f"board: {error}")
+    except KeyboardInterrupt as interrupt:
+        print("\nboard: interrupted", file=sys.stderr)
+        sys.exit(128 + interrupt.args[0])

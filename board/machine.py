@@ -93,7 +93,11 @@ class Machine:
             pass_fds=ends, stderr=messages)
         control_end.close()
         port_end.close()
-        self.control = Control(control)
+        try:
+            self.control = Control(control)
+        except BaseException:
+            self.end()
+            raise
 
     def wait(self):
         """Waits until the machine is switched off."""

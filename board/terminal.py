@@ -37,12 +37,22 @@ class Terminal:
 
     def __init__(self, build, interactive=False):
         root = packages.root()
-        self.folder = Path(tempfile.mkdtemp(prefix="terminal-"))  # for images and the console
-        self._console = self.folder / "console.txt"
+        self._machine = None
         self._plugged = []
+        self.folder = Path(tempfile.mkdtemp(prefix="terminal-"))  # for images and the console
+        try:
+            self._boot(root, interactive)
+            for source, target in INSTALLED.items():
+                self.install(Path(build) / source, target)
+        except BaseException:
+            self.clean_up()
+            raise
+
+    def _boot(self, root, interactive):
+        """Boots what lies unpacked below `root`."""
         initrd = self.folder / "initramfs"
         initrd.write_bytes(initramfs.build(root))
-        serial = "mon:stdio" if interactive else f"file:{self._console}"
+        serial = "mon:stdio" if interactive else f"file:{self.folder / 'console.txt'}"
         try:
             with open(self.folder / "emulator.txt", "wb") as messages:
                 self._machine = Machine(initramfs.kernel(root), initrd, serial, messages,
@@ -51,8 +61,6 @@ class Terminal:
             raise MachineGone(f"{error}\n{self.console()}") from error
         self._port = self._machine.port.makefile("rwb")
         self.run("true", bound_s=BOOT_BOUND_S)
-        for source, target in INSTALLED.items():
-            self.install(Path(build) / source, target)
 
     def run(self, command, data=b"", bound_s=COMMAND_BOUND_S):
         """Runs a shell command with `data` as its standard input."""
@@ -160,8 +168,9 @@ class Terminal:
         self._machine.wait()
 
     def end(self):
-        """Switches the terminal off."""
-        self._machine.end()
+        """Switches the terminal off, if it was ever on."""
+        if self._machine:
+            self._machine.end()
 
     def clean_up(self):
         """Switches the terminal off and removes its folder."""
