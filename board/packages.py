@@ -7,6 +7,7 @@ import contextlib
 import fcntl
 import os
 import shutil
+import signal
 import subprocess
 import sys
 import time
@@ -36,8 +37,12 @@ def say(text):
 
 def cache():
     """The folder of everything that is downloaded, outside the source tree."""
-    base = os.environ.get("XDG_CACHE_HOME") or Path.home() / ".cache"
-    return Path(os.environ.get("ORVATOOL_CACHE") or Path(base) / "orvatool")
+    if folder := os.environ.get("ORVATOOL_CACHE"):
+        return Path(folder)
+    try:
+        return Path(os.environ.get("XDG_CACHE_HOME") or Path.home() / ".cache") / "orvatool"
+    except RuntimeError:
+        sys.exit("script/setup: this user has no home; ORVATOOL_CACHE names another cache folder")
 
 
 def unpacked():
@@ -61,10 +66,15 @@ def root():
 @contextlib.contextmanager
 def work_folder():
     """An empty folder in the cache. Of two runs that start at the same time, one waits."""
-    cache().mkdir(parents=True, exist_ok=True)
-    with open(cache() / "lock", "w") as lock:
+    work = cache() / "unfinished"
+    try:
+        cache().mkdir(parents=True, exist_ok=True)
+        lock = open(cache() / "lock", "w")
+    except OSError as error:
+        raise Unavailable(f"nothing can be put into {cache()}: {error.strerror}; ORVATOOL_CACHE"
+                          " names another cache folder") from error
+    with lock:
         fcntl.flock(lock, fcntl.LOCK_EX)
-        work = cache() / "unfinished"
         shutil.rmtree(work, ignore_errors=True)
         (work / "archives").mkdir(parents=True)
         yield work
@@ -136,26 +146,40 @@ def download(work):
     os.rename(work / "root", substitute() if others else unpacked())
 
 
+def is_filled():
+    """Whether there is nothing to do: such a cache may be read-only, or somebody else's."""
+    note = substitute() / NOTE
+    return unpacked().is_dir() or (
+        note.is_file() and time.time() - note.stat().st_mtime <= ASK_AGAIN_S)
+
+
+def fill():
+    """Gets the packages, or substitutes, unless another run has just done so."""
+    note = substitute() / NOTE
+    is_old = note.is_file()
+    try:
+        with work_folder() as work:
+            if is_filled():
+                return
+            if is_old:
+                os.utime(note)
+            download(work)
+    except WrongContent:
+        raise
+    except Unavailable:
+        if not is_old:
+            raise  # else what is there will do
+
+
 def fetch():
     """Makes sure that the packages lie in the cache, or substitutes, which it names."""
     lockfile.pinned()  # fits the list
-    with work_folder() as work:
-        if unpacked().is_dir():
-            return
-        note = substitute() / NOTE
-        if not note.is_file():
-            download(work)
-        elif time.time() - note.stat().st_mtime > ASK_AGAIN_S:
-            os.utime(note)
-            try:
-                download(work)
-            except WrongContent:
-                raise
-            except Unavailable:
-                pass  # what is there will do
-        if note.is_file():
-            for sentence in note.read_text().splitlines():
-                say(sentence)
+    if not is_filled():
+        fill()
+    note = substitute() / NOTE
+    if not unpacked().is_dir() and note.is_file():
+        for sentence in note.read_text().splitlines():
+            say(sentence)
 
 
 def renew():
@@ -186,3 +210,6 @@ if __name__ == "__main__":
     except (Unavailable, lockfile.Mismatch) as error:
         say(error)
         sys.exit(1)
+    except KeyboardInterrupt:
+        say("interrupted")
+        sys.exit(128 + signal.SIGINT)

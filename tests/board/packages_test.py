@@ -2,6 +2,7 @@
 
 import contextlib
 import dataclasses
+import errno
 import io
 import os
 import tempfile
@@ -64,6 +65,13 @@ class PackagesTest(unittest.TestCase):
         """Puts a new version of the shell in the place of the pinned one."""
         self.mirror.add(SHELL, NEW)
         self.mirror.remove(SHELL, PINNED)
+
+    def make_old(self):
+        """Gets a substitute and lets the time pass after which the mirrors are asked again."""
+        self.replace_shell()
+        self.call(packages.fetch)
+        note = packages.substitute() / packages.NOTE
+        os.utime(note, (0, note.stat().st_mtime - packages.ASK_AGAIN_S - 1))
 
     def call(self, function, error=None):
         """Calls the function, which may have to raise an error. Returns what the user is told."""
@@ -176,13 +184,6 @@ class Substitute(PackagesTest):
             self.assertEqual(self.call(packages.fetch), OTHER_SHELL)
         self.assert_unpacked(packages.substitute(), shell=NEW)
 
-    def make_old(self):
-        """Gets a substitute and lets the time pass after which the mirrors are asked again."""
-        self.replace_shell()
-        self.call(packages.fetch)
-        note = packages.substitute() / packages.NOTE
-        os.utime(note, (0, note.stat().st_mtime - packages.ASK_AGAIN_S - 1))
-
     def test_gives_way_to_what_is_pinned(self):
         self.make_old()
         self.mirror.add(SHELL, PINNED)
@@ -202,6 +203,43 @@ class Substitute(PackagesTest):
         self.make_old()
         self.add(SHELL, PINNED, files=("other",))
         self.call(packages.fetch, packages.WrongContent)
+
+
+class ReadOnlyCache(PackagesTest):
+    """Nothing can be put into the cache: it is somebody else's, or on a medium that is read only."""
+
+    def fetch_read_only(self):
+        refusal = PermissionError(errno.EACCES, "Permission denied")
+        with mock.patch.object(packages, "open", create=True, side_effect=refusal):
+            return self.call(packages.fetch)
+
+    def test_that_is_filled_will_do(self):
+        self.call(packages.fetch)
+        self.assertEqual(self.fetch_read_only(), "")
+        self.assert_unpacked(packages.unpacked())
+
+    def test_that_is_filled_with_substitutes_will_do(self):
+        self.replace_shell()
+        self.call(packages.fetch)
+        self.assertEqual(self.fetch_read_only(), OTHER_SHELL)
+
+    def test_with_old_substitutes_will_do(self):
+        self.make_old()
+        self.mirror.add(SHELL, PINNED)
+        self.assertEqual(self.fetch_read_only(), OTHER_SHELL)
+        self.assert_unpacked(packages.substitute(), shell=NEW)
+
+    def test_that_is_empty_is_named_with_the_way_out(self):
+        with self.assertRaisesRegex(packages.Unavailable, "^nothing can be put into .*/cache:"
+                                    " Permission denied; ORVATOOL_CACHE names another cache"):
+            self.fetch_read_only()
+
+    def test_of_a_user_without_home_is_refused(self):
+        with mock.patch.dict(os.environ), mock.patch.object(Path, "home", side_effect=RuntimeError):
+            del os.environ["ORVATOOL_CACHE"]
+            os.environ.pop("XDG_CACHE_HOME", None)
+            with self.assertRaisesRegex(SystemExit, "this user has no home; ORVATOOL_CACHE"):
+                packages.fetch()
 
 
 class Renew(PackagesTest):
