@@ -53,7 +53,7 @@ class Usage(TerminalTest):
         run = self.run_tool(*arguments)
         self.assertEqual(run.trace,
                          story.REOPEN + levels * story.LEVELS + story.USAGE + story.EXIT)
-        self.assertRegex(run.stderr, rf"^\S*orvatool: {report}\n$")
+        self.assertRegex(run.stderr, rf"^.*orvatool: {report}\n$")
         self.assertEqual(run.stdout, "")
         self.assertEqual(read(tool.OUTPUT_FILE), levels * kernel_version()
                          + levels * tool.LEVELS
