@@ -17,8 +17,9 @@ from pathlib import Path
 PROGRAM = re.compile(r"^\d+/\d+ Test: (\S+)\n(.*?)^<end of output>$", re.MULTILINE | re.DOTALL)
 WHOLE = re.compile(r"^skipped: (.*)$", re.MULTILINE)
 WHOLE_COUNT = re.compile(r"^ *\d+/\d+ +Test +#\d+: (\S+) \.*\*\*\*(?:Skipped|Not Run) ", re.MULTILINE)
-PYTHON = re.compile(r"^ *\w+ \((\S+)\)(?: .*)?(?:\n.+)? \.\.\. skipped (['\"].*['\"])$",
-                    re.MULTILINE)
+PYTHON = re.compile(r"^ *\w+ \((\S+)\)(?: [\[(].*)?"     # with the words of a subtest
+                    r"(?:\n(?! *\w+ \(\S+\)).+)?"        # and the first line of its comment
+                    r" \.\.\. skipped (['\"].*['\"])$", re.MULTILINE)
 PYTHON_COUNT = re.compile(r"^(?:OK|FAILED) \(.*skipped=(\d+)", re.MULTILINE)
 GOOGLE = re.compile(r"^\S.*:\d+: Skipped\n(.*?)\n+\[  SKIPPED \] (\S+) \(\d+ ms\)$",
                     re.MULTILINE | re.DOTALL)

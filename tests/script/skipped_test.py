@@ -12,6 +12,9 @@ PYTHON = """\
 import unittest
 
 class Some(unittest.TestCase):
+    def test_four(self):
+        self.skipTest("no day")
+
     def test_one(self):
         self.skipTest("it's Sunday")
 
@@ -61,6 +64,7 @@ class Skipped(unittest.TestCase):
 
     def test_names_tests_of_unittest(self):
         self.assertCountEqual(self.run_of(self.python(2)), [
+            ("program", "Some.test_four", "no day"),
             ("program", "Some.test_one", "it's Sunday"),
             ("program", "Some.test_two", "no reason")])
 
