@@ -43,7 +43,7 @@ class QuietlyTest(CommandTest):
         number = int(pipe.read_text())
         os.kill(process.pid, signal.SIGKILL)
         process.wait()
-        for _ in range(1000):
+        for _ in range(6000):
             if not os.path.exists(f"/proc/{number}"):
                 return
             time.sleep(0.01)
