@@ -35,8 +35,9 @@ def seen(printed, files):
 
 def report(result, log, mounts, files):
     """The page at the end of a run. `files` are those on the stick, with their content."""
+    exported = files.get(FILE, b"").decode(errors="replace")
     parts = {
-        f"The file on the stick, {FILE}": files.get(FILE, b"").decode(errors="replace").splitlines(),
+        f"The file on the stick, {FILE}": exported.splitlines(),
         f"The way it went, with `{COMMAND}` on the terminal":
             way(result.status, log, mounts, files),
         f"Its log, in {tool.OUTPUT_FILE} until the terminal is switched off":

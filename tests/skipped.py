@@ -4,8 +4,8 @@
     python3 -B -m tests.skipped FILE            their count and names, from the file of such lines
 
 Three kinds of tests are skipped, and each says so in its own way: single tests of Python's unittest
-(which has to be verbose for that) and of GoogleTest, and whole programs, which print "skipped: " and
-the reason. A program that skips more than it names hides something, and fails the run.
+(which has to be verbose for that) and of GoogleTest, and whole programs, which print "skipped: "
+and the reason. A program that skips more than it names hides something, and fails the run.
 """
 
 import ast
@@ -16,7 +16,8 @@ from pathlib import Path
 
 PROGRAM = re.compile(r"^\d+/\d+ Test: (\S+)\n(.*?)^<end of output>$", re.MULTILINE | re.DOTALL)
 WHOLE = re.compile(r"^skipped: (.*)$", re.MULTILINE)
-WHOLE_COUNT = re.compile(r"^ *\d+/\d+ +Test +#\d+: (\S+) \.*\*\*\*(?:Skipped|Not Run) ", re.MULTILINE)
+WHOLE_COUNT = re.compile(r"^ *\d+/\d+ +Test +#\d+: (\S+) \.*\*\*\*(?:Skipped|Not Run) ",
+                         re.MULTILINE)
 PYTHON = re.compile(r"^ *\w+ \((\S+)\)(?: [\[(].*)?"     # with the words of a subtest
                     r"(?:\n(?! *\w+ \(\S+\)).+)?"        # and the first line of its comment
                     r" \.\.\. skipped (['\"].*['\"])$", re.MULTILINE)
@@ -79,8 +80,8 @@ def main(target, build=None):
         lines = Path(target).read_text(encoding="utf-8").splitlines()
         print(told([line.split("\t") for line in lines]), end="")
         return 0
-    log = Path(build, "Testing/Temporary/LastTest.log").read_text(encoding="utf-8", errors="replace")
-    summary = Path(build, "tests.txt").read_text(encoding="utf-8", errors="replace")
+    log, summary = (Path(build, name).read_text(encoding="utf-8", errors="replace")
+                    for name in ("Testing/Temporary/LastTest.log", "tests.txt"))
     try:
         for entry in of_run(log, summary):
             print(target, *entry, sep="\t")

@@ -96,8 +96,8 @@ class Boot(BootTest):
     def test_a_boot_that_fails_says_why(self):
         self.fake("qemu-system-arm", "echo no such machine >&2; exit 1")
         process = self.start("run")
-        self.assertEqual(process.stdout.read(), "booting      failed\nboard: the emulator closed its"
-                         " control connection\nno such machine\n\n")
+        self.assertEqual(process.stdout.read(), "booting      failed\nboard: the emulator closed"
+                         " its control connection\nno such machine\n\n")
         self.assertEqual(process.wait(), 1)
         self.assert_nothing_left()
 

@@ -206,7 +206,7 @@ class Substitute(PackagesTest):
 
 
 class ReadOnlyCache(PackagesTest):
-    """Nothing can be put into the cache: it is somebody else's, or on a medium that is read only."""
+    """Nothing can be put into the cache: it is somebody else's, or its medium is read-only."""
 
     def fetch_read_only(self):
         refusal = PermissionError(errno.EACCES, "Permission denied")
