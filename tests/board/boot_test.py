@@ -16,7 +16,7 @@ BOUND_S = 60
 FAKES = {
     "modprobe": "",
     # An emulator that boots for ever, and tells its number.
-    "qemu-system-arm": 'echo $$ >"$TMPDIR.pipe"; exec sleep 600',
+    "qemu-system-arm": 'echo $$ >"$TMPDIR.new"; mv "$TMPDIR.new" "$TMPDIR.number"; exec sleep 600',
 }
 
 
@@ -33,7 +33,6 @@ class BootTest(unittest.TestCase):
         (kernel / "boot/vmlinuz-6").touch()
         for name in "temporary", "fakes":
             (self.folder / name).mkdir()
-        os.mkfifo(self.folder / "temporary.pipe")
         for name, text in FAKES.items():
             self.fake(name, text)
 
@@ -55,9 +54,15 @@ class BootTest(unittest.TestCase):
         self.addCleanup(process.kill)
         return process
 
-    def wait_for_emulator(self):
-        """The process number of the fake, once it runs."""
-        return int((self.folder / "temporary.pipe").read_text())
+    def wait_for_emulator(self, process):
+        """The process number of the fake, once the board has started it."""
+        number = self.folder / "temporary.number"
+        while not number.exists():
+            self.assertIsNone(process.poll(), "the board has ended")
+            time.sleep(0.01)
+        text = number.read_text()
+        number.unlink()
+        return int(text)
 
     def assert_gone(self, number):
         """A process has ended, or does so at once."""
@@ -76,7 +81,7 @@ class Boot(BootTest):
             for number in signal.SIGINT, signal.SIGTERM, signal.SIGHUP:
                 with self.subTest(word=word, signal=number):
                     process = self.start(word)
-                    emulator = self.wait_for_emulator()
+                    emulator = self.wait_for_emulator(process)
                     self.assertNotEqual(os.listdir(self.folder / "temporary"), [])
                     process.send_signal(number)
                     process.send_signal(signal.SIGTERM)  # as of CTest, that has ended too
@@ -89,7 +94,7 @@ class Boot(BootTest):
 
     def test_an_emulator_does_not_outlive_the_board(self):
         process = self.start("run")
-        emulator = self.wait_for_emulator()
+        emulator = self.wait_for_emulator(process)
         process.kill()
         self.assert_gone(emulator)
 
