@@ -65,7 +65,7 @@ class MissingTool(unittest.TestCase):
                 self.assertEqual(call(self.folder / "script/package",
                                       env={"PATH": str(self.folder / "bin")}),
                                  (1, f"script/package: missing: {package}; install that from"
-                                  " Debian, or run `script/setup proof` as root\n"))
+                                  " Debian, or run `script/setup arm proof` as root\n"))
             (self.folder / "bin" / command).symlink_to("/bin/true")
 
 
