@@ -8,7 +8,8 @@ import unittest
 from pathlib import Path
 
 ROOT = Path(__file__).parents[2]
-COPIED = (".clang-tidy", "log", "platform", "script", "splash", "tool", "udisk", "util")
+COPIED = (".clang-tidy", "log", "platform", "script", "splash", "tool", "udisk", "util",
+          "build/analyse/include")
 
 PARTITIONS, SORT, SCRIPT = "udisk/partitions.cpp", "util/trstrutils/merge_sort.cpp", "script/run"
 UNCHECKED = (PARTITIONS, """\
@@ -58,6 +59,7 @@ class Analysers(unittest.TestCase):
         with tempfile.TemporaryDirectory() as folder:
             folder = Path(folder)
             for name in COPIED:
+                (folder / name).parent.mkdir(parents=True, exist_ok=True)
                 copy = shutil.copytree if (ROOT / name).is_dir() else shutil.copy
                 copy(ROOT / name, folder / name)
             plant(edits, folder)
