@@ -33,9 +33,16 @@ class Caller(target.Test):
 
     def commands(self):
         """The compilers of the target, each of them for C and for C++."""
-        clang = "clang --target=arm-linux-gnueabi" if target.ARM else "clang"
-        return [f"{target.compiler('c')} -x c", f"{target.compiler('cpp')} -x c++",
-                f"{clang} -x c", f"{clang} -x c++"]
+        compilers = [f"{target.compiler('c')} -x c", f"{target.compiler('cpp')} -x c++"]
+        if target.CLANG:
+            compilers += [f"{target.CLANG} -x c", f"{target.CLANG} -x c++"]
+        return compilers
+
+
+class Clang(Caller):
+    @unittest.skipUnless(target.CLANG, target.NO_CLANG)
+    def test_is_tried_too(self):
+        self.assertIn(f"{target.CLANG} -x c++", self.commands())
 
 
 class Records(Caller):

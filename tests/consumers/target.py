@@ -18,6 +18,8 @@ STANDARDS = {"c": "c11", "cpp": "c++20"}
 EMULATOR = os.environ["EMULATOR"].split()
 TOOLCHAIN = os.environ["TOOLCHAIN"]  # empty on the host
 ARM = bool(TOOLCHAIN)
+CLANG = shutil.which("clang") and ("clang --target=arm-linux-gnueabi" if ARM else "clang")
+NO_CLANG = "there is no clang: `script/setup fuzz` gets it"
 
 
 def run(command, folder=None, **variables):

@@ -45,7 +45,8 @@ class MissingTool(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
         (self.folder / "script").mkdir()
-        shutil.copy(root / "script/package", self.folder / "script")
+        for name in ("package", "alone"):
+            shutil.copy(root / "script" / name, self.folder / "script")
         (self.folder / "script/setup").write_text("#!/bin/sh\nexit 1\n", encoding="ascii")
         (self.folder / "script/setup").chmod(0o755)
         (self.folder / "bin").mkdir()

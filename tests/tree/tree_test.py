@@ -24,11 +24,11 @@ TEST_MACRO = re.compile(r"^(?:TEST|TEST_F|TEST_P|TYPED_TEST|TYPED_TEST_P)\(\s*(\
                         re.MULTILINE)
 PYTHON_TEST = re.compile(r"^    def test_\w+\(self", re.MULTILINE)
 
-FOREACH = re.compile(r"foreach\((\w+) ([^()]*)\)(.*?)endforeach\(\)", re.DOTALL)
+FOREACH = re.compile(r"foreach\((\w+) (?:IN LISTS (\w+)|([^()]*))\)(.*?)endforeach\(\)", re.DOTALL)
 ADD_TEST = re.compile(r"add_test\(NAME (\S+)\s+COMMAND ([^()]*)\)")
+LIST = re.compile(r"(?:set|list)\((?:APPEND )?(\w+) ([^()]*)\)")
 COUNTED = re.compile(r"expect_python_tests\(([^()$]*)\)")
-SCRIPT_RUN = re.compile(r"^python3 .*unittest (\S+_test\.py).*\n(.*)$", re.MULTILINE)
-COUNTS_TESTS = "grep -q '^Ran [1-9]'"
+SCRIPT_RUN = re.compile(r"^ *(.*)python3 .*?(tests[/.][\w/.]+?(?:\$\{name\})?_test)\b", re.MULTILINE)
 
 
 def test_bodies():
@@ -74,9 +74,13 @@ class TestFiles(unittest.TestCase):
 def python_runs():
     """(name in CTest, files that it runs, whether it demands a test) of each run by Python."""
     for path in sorted(root.glob("tests/**/CMakeLists.txt")):
+        text = path.read_text(encoding="utf-8")
+        lists = {}
+        for name, words in LIST.findall(text):
+            lists[name] = f"{lists.get(name, '')} {words}"
         text = FOREACH.sub(lambda loop: "".join(
-            loop[3].replace(f"${{{loop[1]}}}", word) for word in loop[2].split()),
-                           path.read_text(encoding="utf-8"))
+            loop[4].replace(f"${{{loop[1]}}}", word)
+            for word in (loop[3] or lists.get(loop[2], '')).split()), text)
         text = text.replace("${CMAKE_CURRENT_SOURCE_DIR}", str(path.parent))
         counted = {name for names in COUNTED.findall(text) for name in names.split()}
         for name, command in ADD_TEST.findall(text):
@@ -88,8 +92,9 @@ def python_runs():
             if files or "unittest" in words:
                 yield name, files, name in counted
     for path in sorted(root.glob("script/*")):
-        for file, next_line in SCRIPT_RUN.findall(path.read_text(encoding="utf-8")):
-            yield str(path.relative_to(root)), {root / file}, COUNTS_TESTS in next_line
+        for before, test in SCRIPT_RUN.findall(path.read_text(encoding="utf-8")):
+            files = root.glob(test.replace(".", "/").replace("${name}", "*") + ".py")
+            yield str(path.relative_to(root)), set(files), before == "tests/counted "
 
 
 class PythonTests(unittest.TestCase):
