@@ -5,6 +5,7 @@ Each alone, so that it has all it needs, and all of them before and after the sy
 
 import os
 import shlex
+import unittest
 from concurrent.futures import ThreadPoolExecutor
 
 from tests.consumers import target

@@ -87,4 +87,4 @@ class SystemdUnit(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1])
+    unittest.main(argv=sys.argv[:1], verbosity=2)  # names what is skipped
