@@ -51,11 +51,11 @@ class Version(unittest.TestCase):
                                  "packaging/debian/liborvautil1.symbols")
 
     def test_names_of_packages_and_recipes_follow_it(self):
-        for path in root.glob("packaging/**/orvatool_*.bb"):
-            self.assertEqual(path.name, f"orvatool_{VERSION}.bb")
-        for path in root.glob("packaging/**/orvatool.mk"):
-            self.assertRegex(path.read_text(encoding="utf-8"),
-                             rf"(?m)^ORVATOOL_VERSION = {re.escape(VERSION)}$")
+        recipe, = root.glob("packaging/**/orvatool_*.bb")
+        self.assertEqual(recipe.name, f"orvatool_{VERSION}.bb")
+        makefile, = root.glob("packaging/**/orvatool.mk")
+        self.assertRegex(makefile.read_text(encoding="utf-8"),
+                         rf"(?m)^ORVATOOL_VERSION = {re.escape(VERSION)}$")
 
 
 if __name__ == "__main__":
