@@ -1,12 +1,14 @@
 """Of two commands that build in one tree, the second waits; what one starts does not."""
 
 import os
+import re
 import signal
 import unittest
 
-from tests.script.commands import CommandTest
+from tests.script.commands import ROOT, CommandTest
 
 TAKE = ". script/alone; "
+BUILDS = re.compile(r"^[^#\n]*\bcmake (--preset|--build|-S)", re.MULTILINE)
 
 
 class Alone(CommandTest):
@@ -45,6 +47,17 @@ class Alone(CommandTest):
         os.kill(first.pid, signal.SIGKILL)
         first.wait()
         self.assertEqual(self.run_command(f"{TAKE} echo taken"), (0, "taken\n"))
+
+
+class Commands(unittest.TestCase):
+    def test_each_that_builds_takes_the_tree(self):
+        texts = {path.name: path.read_text(encoding="utf-8")
+                 for path in (ROOT / "script").iterdir() if path.name != "packages.lock"}
+        building = {name for name, text in texts.items() if BUILDS.search(text)}
+        self.assertLess({"test", "process", "analyse"}, building)
+        for name in sorted(building):
+            with self.subTest(command=name):
+                self.assertRegex(texts[name], r"(?m)^ *\. script/alone$")
 
 
 if __name__ == "__main__":
