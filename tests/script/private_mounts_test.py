@@ -11,11 +11,11 @@ NAMESPACE_OF_ROOT = f'case "$*" in *--map-root-user*) shift 2; exec "$@" ;; esac
 class PrivateMounts(CommandTest):
     """`unshare` is a fake, and what it starts is not in a namespace: `mount` does nothing."""
 
-    def run_with(self, unshare):
+    def run_with(self, unshare, command=f"'{ROOT}/tests/process/private_mounts' echo run"):
         for name, text in ("unshare", unshare), ("mount", ":"):
             (self.folder / name).write_text(f"#!/bin/sh\n{text}\n")
             (self.folder / name).chmod(0o755)
-        return self.run_command(f"PATH=$PWD:$PATH '{ROOT}/tests/process/private_mounts' echo run")
+        return self.run_command(f"PATH=$PWD:$PATH {command}")
 
     def test_root_needs_no_other_namespace(self):
         self.assertEqual(self.run_with('shift; exec "$@"'), (0, "run\n"))
@@ -27,6 +27,12 @@ class PrivateMounts(CommandTest):
         self.assertEqual(self.run_with(FAILS), (
             77, "skipped: nothing can be mounted here, not even in private"
             " (unshare: not permitted; unshare: not permitted)\n"))
+
+    def test_without_either_no_call_is_let_fail(self):
+        (self.folder / "tests").symlink_to(ROOT / "tests")
+        self.assertEqual(self.run_with(FAILS, "script/inject"), (
+            1, "script/inject: no call can be tried: nothing can be mounted here, not even in"
+            " private (unshare: not permitted; unshare: not permitted)\n"))
 
 
 if __name__ == "__main__":
