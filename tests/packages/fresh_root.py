@@ -40,8 +40,8 @@ def archive():
     if not shutil.which("debootstrap"):
         raise Refused("debootstrap is missing; script/setup proof installs it")
     new = cache() / f"unfinished-root-{os.getpid()}"
-    new.mkdir(parents=True)
     try:
+        new.mkdir(parents=True)
         run(*NAMESPACE, "debootstrap", "--variant=minbase", f"--include={','.join(TOOLS)}", SUITE,
             new / "root")
         run("tar", "-cf", new / "tar", "--numeric-owner",
@@ -50,8 +50,10 @@ def archive():
         os.replace(new / "tar", kept)
     except AssertionError as fault:
         raise Refused(f"debootstrap: {str(fault).rstrip().splitlines()[-1]}") from fault
+    except OSError as fault:
+        raise Refused(f"nothing can be put into {cache()}: {fault.strerror}") from fault
     finally:
-        shutil.rmtree(new)
+        shutil.rmtree(new, ignore_errors=True)
     return kept
 
 

@@ -1,7 +1,11 @@
-"""Sysroots made of Debian's packages, in the cache; nothing gets installed."""
+"""Sysroots made of Debian's packages, in the cache; nothing gets installed.
+
+    python3 -B -m tests.sysroots.packages NAME     gets one, or says why not
+"""
 
 import os
 import subprocess
+import sys
 
 from board import lockfile, packages
 from board.mirror import Mirror
@@ -46,3 +50,17 @@ def sysroot(name):
             if not folder.is_dir():  # another run may have been quicker
                 os.rename(work / "root", folder)
     return folder
+
+
+def main(name):
+    """Returns the exit status."""
+    try:
+        sysroot(name)
+    except packages.Unavailable as fault:
+        print(f"script/sysroot: {fault}", file=sys.stderr)
+        return 1
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(*sys.argv[1:]))
