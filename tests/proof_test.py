@@ -10,7 +10,7 @@ from unittest import mock
 from tests import proof
 
 SECONDS = "both terminals, seconds that the rows took"
-TORN, WALL = "torn sticks, seconds", "wall time"
+TORN, WALL, MUSL = "torn sticks, seconds", "wall time", "musl, process tests"
 AT_BOUNDS = (("board_1", SECONDS, 100), ("board_2", SECONDS, 80), ("power_cut", TORN, 60),
              ("mutate", WALL, 216))
 
@@ -31,6 +31,7 @@ class Proof(unittest.TestCase):
             self.write(name, "things", "1,234")
         for line in AT_BOUNDS:
             self.write(*line)
+        self.write("musl", MUSL, 178)
 
     def write(self, name, label, figure):
         """A command leaves this figure."""
@@ -67,6 +68,11 @@ class Proof(unittest.TestCase):
         self.write("power_cut", "torn", 1)
         self.assertEqual(self.run_main(),
                          (1, f"script/board power_cut left no figure named: {TORN}\n"))
+
+    def test_process_tests_with_musl_that_did_not_run_fail(self):
+        self.write("musl", "musl, headers", 1)
+        self.assertEqual(self.run_main(),
+                         (1, f"script/musl left no figure named: {MUSL}\n"))
 
     def test_a_command_without_figures_fails(self):
         (self.folder / "fuzz.tsv").unlink()

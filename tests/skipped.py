@@ -1,7 +1,9 @@
 """The tests that a run of CTest has skipped, each with its reason: what is not seen is not held.
 
-    python3 -B -m tests.skipped TARGET BUILD    a line for each: target, program, test, reason
-    python3 -B -m tests.skipped FILE            their count and names, from the file of such lines
+    python3 -B -m tests.skipped TARGET BUILD          a line for each: target, program, test, reason
+    python3 -B -m tests.skipped TARGET PROGRAM LOG    the same of one program, from what it printed
+    python3 -B -m tests.skipped FILE                  their count and names, from the file of such
+                                                      lines
 
 Three kinds of tests are skipped, and each says so in its own way: single tests of Python's unittest
 (which has to be verbose for that) and of GoogleTest, and whole programs, which print "skipped: "
@@ -46,18 +48,23 @@ def count_in(output):
     return sum(map(int, PYTHON_COUNT.findall(output) + GOOGLE_COUNT.findall(output)))
 
 
+def of_program(program, output):
+    """(program, test, reason) of what one program printed."""
+    found = list(skipped_in(output))
+    named = sum(test != ALL for test, _ in found)
+    if named != count_in(output):
+        raise Hidden(f"{program} skipped {count_in(output)} tests and names {named}")
+    return [(program, *each) for each in found]
+
+
 def of_run(log, summary):
     """(program, test, reason) of a run, from CTest's log and from what it printed."""
     whole = set(WHOLE_COUNT.findall(summary))
     named_whole = set()
     for program, output in PROGRAM.findall(log):
-        found = list(skipped_in(output))
-        single = [each for each in found if each[0] != ALL]
-        if len(single) != count_in(output):
-            raise Hidden(f"{program} skipped {count_in(output)} tests and names {len(single)}")
-        if len(found) > len(single):
-            named_whole.add(program)
-        yield from ((program, *each) for each in found)
+        found = of_program(program, output)
+        named_whole.update(name for name, test, _ in found if test == ALL)
+        yield from found
     if whole != named_whole:
         raise Hidden(f"skipped as a whole: {sorted(whole)}, with a reason: {sorted(named_whole)}")
 
@@ -74,16 +81,26 @@ def told(lines):
         for (target, program, reason), tests in groups.items())
 
 
-def main(target, build=None):
+def read(path):
+    """The text of a file; programs print whatever they like."""
+    return path.read_text(encoding="utf-8", errors="replace")
+
+
+def main(target, *words):
     """Returns the exit status."""
-    if build is None:
-        lines = Path(target).read_text(encoding="utf-8").splitlines()
+    if not words:
+        lines = read(Path(target)).splitlines()
         print(told([line.split("\t") for line in lines]), end="")
         return 0
-    log, summary = (Path(build, name).read_text(encoding="utf-8", errors="replace")
-                    for name in ("Testing/Temporary/LastTest.log", "tests.txt"))
     try:
-        for entry in of_run(log, summary):
+        if len(words) == 2:
+            program, log = words
+            found = of_program(program, read(Path(log)))
+        else:
+            build = Path(*words)
+            found = of_run(read(build / "Testing/Temporary/LastTest.log"),
+                           read(build / "tests.txt"))
+        for entry in found:
             print(target, *entry, sep="\t")
     except Hidden as fault:
         print(f"tests.skipped: {target}: {fault}", file=sys.stderr)

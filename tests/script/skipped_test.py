@@ -7,6 +7,7 @@ import unittest
 from pathlib import Path
 
 from tests import skipped
+from tests.script.commands import ROOT
 
 PYTHON = """\
 import unittest
@@ -86,6 +87,27 @@ class Skipped(unittest.TestCase):
             with self.subTest(text=text, properties=properties):
                 with self.assertRaises(skipped.Hidden):
                     self.run_of(text, properties)
+
+    def counted(self, words):
+        """The status of tests/counted with Python's unittest, and the lines that it leaves."""
+        with tempfile.TemporaryDirectory() as folder:
+            folder = Path(folder)
+            (folder / "build").mkdir()
+            (folder / "tests").symlink_to(ROOT / "tests")
+            (folder / "some_test.py").write_text(PYTHON.partition("unittest.main")[0])
+            run = subprocess.run(["tests/counted", sys.executable, "-m", "unittest", *words],
+                                 cwd=folder, capture_output=True, check=False)
+            return run.returncode, (folder / "build/skipped.txt").read_text()
+
+    def test_of_a_program_alone_are_put_with_the_others(self):
+        status, lines = self.counted(["--verbose", "some_test.py"])
+        self.assertEqual(status, 0)
+        self.assertCountEqual(lines.splitlines(), ["proof\tsome_test\tSome.test_four\tno day",
+                                                   "proof\tsome_test\tSome.test_one\tit's Sunday",
+                                                   "proof\tsome_test\tSome.test_two\tno reason"])
+
+    def test_of_a_program_alone_are_not_hidden(self):
+        self.assertEqual(self.counted(["some_test.py"]), (1, ""))
 
     def test_tells_count_and_names_by_reason(self):
         self.assertEqual(skipped.told([("arm", "some_test", "A.one", "why"),
