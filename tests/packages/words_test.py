@@ -3,9 +3,7 @@
 Called with the folder of the sources.
 """
 
-import os
 import pathlib
-import re
 import shutil
 import subprocess
 import sys
@@ -13,6 +11,14 @@ import tempfile
 import unittest
 
 root = pathlib.Path(sys.argv[1])
+COPIED = ("script/package", "script/alone", "packaging/build_debian", "packaging/needed")
+# The tools, and Debian's packages of them: for any build, for each architecture, for the trials.
+BUILD = {"dpkg-buildpackage": "dpkg-dev", "dh": "debhelper", "cmake": "cmake", "make": "make"}
+AMD64 = {"g++": "g++"}
+ARMEL = {"arm-linux-gnueabi-g++": "g++-arm-linux-gnueabi",
+         "arm-linux-gnueabi-gcc": "gcc-arm-linux-gnueabi"}
+TRY = {"lintian": "lintian", "dpkg-scanpackages": "dpkg-dev", "kconfig-conf": "kconfig-frontends",
+       "python3": "python3"}
 
 
 def call(command, *words, **options):
@@ -37,37 +43,60 @@ class Words(unittest.TestCase):
                 self.assertEqual(call(root / command, *words), (2, usage))
 
 
-class MissingTool(unittest.TestCase):
-    """A tree of script/package alone, where script/setup cannot install anything."""
+class Machine(unittest.TestCase):
+    """A tree of the commands alone, where script/setup cannot install anything."""
 
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
-        (self.folder / "script").mkdir()
-        for name in ("package", "alone"):
-            shutil.copy(root / "script" / name, self.folder / "script")
+        for name in COPIED:
+            (self.folder / name).parent.mkdir(exist_ok=True)
+            shutil.copy(root / name, self.folder / name)
         (self.folder / "script/setup").write_text("#!/bin/sh\nexit 1\n", encoding="ascii")
         (self.folder / "script/setup").chmod(0o755)
-        (self.folder / "bin").mkdir()
-        for name in ("bash", "sh", "dirname", "xargs", "mkdir", "flock", "cat", "echo"):
-            os.symlink(shutil.which(name), self.folder / "bin" / name)
+        self.bin = self.folder / "bin"
+        self.bin.mkdir()
+        for name in ("bash", "sh", "dirname", "xargs", "mkdir", "flock", "cat", "echo", "realpath"):
+            (self.bin / name).symlink_to(shutil.which(name))
 
-    def test_is_named_with_its_package(self):
-        text = (root / "script/package").read_text(encoding="ascii")
-        needed = re.findall(r'^needed="(.*?)"$', text, re.MULTILINE | re.DOTALL)[0].split()
-        self.assertIn("lintian:lintian", needed)
-        for pair in needed:
-            (self.folder / "bin" / pair.partition(":")[0]).symlink_to("/bin/true")
-        for pair in needed:
-            command, _, package = pair.partition(":")
-            (self.folder / "bin" / command).unlink()
-            with self.subTest(command=command):
-                self.assertEqual(call(self.folder / "script/package",
-                                      env={"PATH": str(self.folder / "bin")}),
-                                 (1, f"script/package: missing: {package}; install that from"
-                                  " Debian, or run `script/setup arm proof` as root\n"))
-            (self.folder / "bin" / command).symlink_to("/bin/true")
+    def call(self, command, *words):
+        """(status, complaints) of a command that finds the commands of this machine only."""
+        return call(self.folder / command, *words, env={"PATH": str(self.bin)})
+
+    def assert_names_each_missing(self, needed, command, *words):
+        """Of the tools, one at a time is missing."""
+        for name in needed:
+            (self.bin / name).symlink_to("/bin/true")
+        for name, package in needed.items():
+            (self.bin / name).unlink()
+            with self.subTest(missing=name):
+                self.assertEqual(self.call(command, *words),
+                                 (1, f"{command}: missing: {package}; install that from Debian, or"
+                                  " run `script/setup arm proof` as root\n"))
+            (self.bin / name).symlink_to("/bin/true")
+
+    def test_a_missing_tool_is_named_with_its_package(self):
+        self.assert_names_each_missing(BUILD | AMD64 | ARMEL | TRY, "script/package")
+
+    def test_building_for_one_architecture_asks_for_its_tools_alone(self):
+        for architecture, tools in ("amd64", AMD64), ("armel", ARMEL):
+            with self.subTest(architecture=architecture):
+                folder = self.folder / architecture
+                self.assert_names_each_missing(BUILD | tools, "packaging/build_debian",
+                                               architecture, folder)
+                self.assertFalse(folder.exists())
+                for name in BUILD | tools:
+                    (self.bin / name).unlink()
+
+    def test_a_foreign_machine_is_told_with_the_way_out(self):
+        for name in BUILD | AMD64 | ARMEL | TRY:
+            (self.bin / name).symlink_to("/bin/true")
+        (self.bin / "dpkg").write_text("#!/bin/sh\necho riscv64\n", encoding="ascii")
+        (self.bin / "dpkg").chmod(0o755)
+        self.assertEqual(self.call("script/package", "build"), (
+            1, "script/package: this machine is riscv64, and the packages are built on amd64: take"
+            " such a machine, or packaging/build_debian ARCHITECTURE FOLDER\n"))
 
 
 if __name__ == "__main__":
