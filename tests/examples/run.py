@@ -5,9 +5,9 @@ import re
 import subprocess
 import tempfile
 
+from tests.support.work_place import work_place
+
 ZONE = "CET-1CEST,M3.5.0,M10.5.0/3"
-# A tmpfs: qemu-arm cannot list folders of a disk, whose 64-bit positions do not fit.
-WORK = "/dev/shm"
 HEAD = re.compile(r"^\[(\w*):\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\](\[[\w ]*\])?"
                   r" (\w+) \[(\w+) (\w+) [1-9]\d*\]: ", re.MULTILINE)
 
@@ -24,7 +24,8 @@ def expected(folder, name):
 
 def printed(*command, **environment):
     """What an example prints in an empty folder, with TIME and N in its log lines."""
-    with tempfile.TemporaryDirectory(dir=WORK) as folder:
+    place = work_place(is_emulated=len(command) > 1)  # by what stands before the program
+    with tempfile.TemporaryDirectory(dir=place) as folder:
         run = subprocess.run(command, cwd=folder, check=False, capture_output=True, text=True,
                              env={"PATH": os.environ["PATH"], "TZ": ZONE, **environment})
     assert run.returncode == 0, f"{command[-1]}: {run.returncode}\n{run.stdout}{run.stderr}"

@@ -5,6 +5,7 @@ import re
 import tempfile
 from pathlib import Path
 
+from tests.support.work_place import work_place
 from tests.sysroots.build import CXX_COMPILER, ROOT, Build
 
 # What distributions add to everything.
@@ -61,8 +62,8 @@ class Callers:
         self.build.emulated(program, LD_LIBRARY_PATH=self.build.folder / "lib")
 
     def test_callers_with_the_installed_library(self):
-        # In memory: of another folder the emulator shows glibc's programs no entry.
-        folder = Path(self.enterContext(tempfile.TemporaryDirectory(dir="/dev/shm")))
+        folder = Path(self.enterContext(
+            tempfile.TemporaryDirectory(dir=work_place(is_emulated=True))))
         folders = [folder / "small", folder / "large"]
         for path in folders:
             path.mkdir()

@@ -202,10 +202,8 @@ TEST(TrGetFileName, CutsANameThatIsLongerThanTheField) {
     }
 }
 
-TEST(TrGetFileName, LeavesOutFilesWhoseSizeDoesNotFit) {
-    char folder[] = "/dev/shm/fileutils_XXXXXX";
-    ASSERT_NE(mkdtemp(folder), nullptr);
-    const std::string path = std::string(folder) + "/large";
+TEST_F(TrGetFileNameTest, LeavesOutFilesWhoseSizeDoesNotFit) {
+    const std::string path = Path("large");
     const struct {
         long long size;
         bool fits;
@@ -217,7 +215,7 @@ TEST(TrGetFileName, LeavesOutFilesWhoseSizeDoesNotFit) {
         ASSERT_EQ(systemEx(("truncate -s " + std::to_string(size) + " " + path).c_str()), 0);
         CapturedLog log;
         CapturedStream errors(stderr);
-        ASSERT_EQ(TrOpenFolder(folder), 1);
+        ASSERT_EQ(TrOpenFolder(folder().c_str()), 1);
         struct stat status;
         EXPECT_EQ(TrGetFileName(nullptr, &status), fits ? 1 : 0);
         EXPECT_EQ(fits ? status.st_size : 0, fits ? size : 0);
@@ -225,6 +223,4 @@ TEST(TrGetFileName, LeavesOutFilesWhoseSizeDoesNotFit) {
                   fits ? "" : "test===========: Value too large for defined data type\n");
         TrCloseFolder();
     }
-    unlink(path.c_str());
-    rmdir(folder);
 }

@@ -113,10 +113,10 @@ TEST_F(systemExTest, InheritsDescriptors) {
 TEST_F(systemExTest, InheritsEnvironmentAndFolder) {
     char folder[4096];
     ASSERT_NE(getcwd(folder, sizeof folder), nullptr);
-    ASSERT_EQ(chdir("/dev/shm"), 0);
+    ASSERT_EQ(chdir("/proc"), 0);
     setenv("FILEUTILS_TEST", "value", 1);
     EXPECT_EQ(OutputOf("pwd; echo $FILEUTILS_TEST $PPID"),
-              "/dev/shm\nvalue " + std::to_string(getpid()) + "\n");
+              "/proc\nvalue " + std::to_string(getpid()) + "\n");
     unsetenv("FILEUTILS_TEST");
     ASSERT_EQ(chdir(folder), 0);
 }

@@ -2,6 +2,12 @@
 #ifndef TESTS_UTIL_FILEUTILS_WORK_FOLDER_H
 #define TESTS_UTIL_FILEUTILS_WORK_FOLDER_H
 
+#include <linux/magic.h>
+#include <sys/types.h>
+#include <sys/vfs.h>
+#include <unistd.h>
+
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -11,14 +17,23 @@
 
 #include "tests/support/open_descriptors.h"
 
-// On a tmpfs, because qemu-arm cannot list folders of a disk: their 64-bit positions do not fit.
 class WorkFolder : public KeepsDescriptors {
 protected:
     WorkFolder() {
-        char name[] = "/dev/shm/fileutils_XXXXXX";
-        folder_ = mkdtemp(name);
+        const std::string temporary = std::filesystem::temp_directory_path();
+        folder_ = (IsInMemory(kMemory) ? kMemory : temporary) + "/fileutils_XXXXXX";
+        EXPECT_NE(mkdtemp(folder_.data()), nullptr) << folder_;
     }
     ~WorkFolder() override { std::filesystem::remove_all(folder_); }
+
+    // qemu-arm cannot list folders of a disk: their 64-bit positions do not fit.
+    void SetUp() override {
+        KeepsDescriptors::SetUp();
+        if (sizeof(off_t) == sizeof(int32_t) && !IsInMemory(folder_)) {
+            GTEST_SKIP() << kMemory << " is no tmpfs that can be written, and an emulator lists"
+                         << " no other folders";
+        }
+    }
 
     const std::string& folder() const { return folder_; }
     std::string Path(const std::string& name) const { return folder_ + "/" + name; }
@@ -46,6 +61,14 @@ protected:
     }
 
 private:
+    static inline const std::string kMemory = "/dev/shm";
+
+    static bool IsInMemory(const std::string& path) {
+        struct statfs disk;
+        return statfs(path.c_str(), &disk) == 0 && disk.f_type == TMPFS_MAGIC &&
+               access(path.c_str(), W_OK) == 0;
+    }
+
     std::string folder_;
 };
 
