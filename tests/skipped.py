@@ -24,7 +24,7 @@ PYTHON = re.compile(r"^ *\w+ \((\S+)\)(?: [\[(].*)?"     # with the words of a s
                     r"(?:\n(?! *\w+ \(\S+\)).+)?"        # and the first line of its comment
                     r" \.\.\. skipped (['\"].*['\"])$", re.MULTILINE)
 PYTHON_COUNT = re.compile(r"^(?:OK|FAILED) \(.*skipped=(\d+)", re.MULTILINE)
-GOOGLE = re.compile(r"^\S.*:\d+: Skipped\n(.*?)\n+\[  SKIPPED \] (\S+) \(\d+ ms\)$",
+GOOGLE = re.compile(r"^\S[^\n]*:\d+: Skipped\n(.*?)\n+\[  SKIPPED \] (\S+) \(\d+ ms\)$",
                     re.MULTILINE | re.DOTALL)
 GOOGLE_COUNT = re.compile(r"^\[  SKIPPED \] (\d+) tests?, listed below:$", re.MULTILINE)
 ALL = "all of it"

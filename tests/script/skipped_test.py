@@ -36,10 +36,16 @@ the hard limit is 4,
 below 100
 
 [  SKIPPED ] Limits.Hard (0 ms)
-[==========] 2 tests from 1 test suite ran. (0 ms total)
+[ RUN      ] Limits.Soft
+/some/limits_test.cpp:161: Skipped
+the soft limit is 4
+
+[  SKIPPED ] Limits.Soft (0 ms)
+[==========] 3 tests from 1 test suite ran. (0 ms total)
 [  PASSED  ] 1 test.
-[  SKIPPED ] 1 test, listed below:
+[  SKIPPED ] 2 tests, listed below:
 [  SKIPPED ] Limits.Hard
+[  SKIPPED ] Limits.Soft
 """
 
 
@@ -71,7 +77,8 @@ class Skipped(unittest.TestCase):
 
     def test_names_tests_of_googletest(self):
         self.assertEqual(self.run_of(GOOGLE),
-                         [("program", "Limits.Hard", "the hard limit is 4, below 100")])
+                         [("program", "Limits.Hard", "the hard limit is 4, below 100"),
+                          ("program", "Limits.Soft", "the soft limit is 4")])
 
     def test_names_a_program(self):
         self.assertEqual(self.run_of("skipped: no mounts\n", "SKIP_RETURN_CODE 77"),
