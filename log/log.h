@@ -17,6 +17,8 @@
 #ifndef ORVAUTIL_LOG_H
 #define ORVAUTIL_LOG_H
 
+#include <orvautil/config.h>
+
 #if defined LOG_DEBUG && !defined ORVAUTIL_PREFIXED_LEVELS
 #error "<syslog.h> has other LOG_ levels: define ORVAUTIL_PREFIXED_LEVELS and use ORVAUTIL_LOG_..."
 #endif

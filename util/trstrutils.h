@@ -18,6 +18,8 @@
 #ifndef ORVAUTIL_TRSTRUTILS_H
 #define ORVAUTIL_TRSTRUTILS_H
 
+#include <orvautil/config.h>
+
 #ifdef __cplusplus
 extern "C" {
 #endif

@@ -3,6 +3,8 @@
 #ifndef ORVAUTIL_TIMEUTILS_ETHERNET_H
 #define ORVAUTIL_TIMEUTILS_ETHERNET_H
 
+#include <orvautil/config.h>
+
 #ifdef __cplusplus
 extern "C" {
 #endif
