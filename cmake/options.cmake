@@ -31,9 +31,40 @@ if(ORVATOOL_TROPTION)
         message(FATAL_ERROR "ORVATOOL_TROPTION is \"${ORVATOOL_TROPTION}\", and there is no such file:"
                             " give the path of the terminal's libtroption.so, or nothing for our stand-in.")
     endif()
-    file(READ "${ORVATOOL_TROPTION}" head LIMIT 4 HEX)
-    if(NOT head STREQUAL 7f454c46)
+    # The name of the format, then class and byte order, and at offset 18 the machine.
+    set(elf "^7f454c46(....)........................(....)$")
+    file(READ "${ORVATOOL_TROPTION}" head LIMIT 20 HEX)
+    if(NOT head MATCHES "${elf}")
         message(FATAL_ERROR "ORVATOOL_TROPTION is \"${ORVATOOL_TROPTION}\", which is no library:"
                             " give the terminal's libtroption.so itself.")
     endif()
+    string(REGEX REPLACE "${elf}" "\\1\\2" processor ${head})
+    # What CMake compiled first of all; an archive where it could not link yet.
+    file(READ "${CMAKE_PLATFORM_INFO_DIR}/CMakeDetermineCompilerABI_C.bin" head LIMIT 20 HEX)
+    string(REGEX REPLACE "${elf}" "\\1\\2" own_processor ${head})
+    if(head MATCHES "^7f454c46" AND NOT processor STREQUAL own_processor)
+        message(FATAL_ERROR "ORVATOOL_TROPTION is \"${ORVATOOL_TROPTION}\", which is of another processor than"
+                            " that of ${CMAKE_C_COMPILER}: give the library of this one, or choose the"
+                            " terminal's compiler, as by --toolchain cmake/arm-linux-gnueabi.cmake.")
+    endif()
 endif()
+
+if(ORVATOOL_SANITIZE)
+    include(CheckCXXCompilerFlag)
+    set(CMAKE_REQUIRED_LINK_OPTIONS -fsanitize=${ORVATOOL_SANITIZE})
+    unset(ORVATOOL_SANITIZERS_WORK CACHE)  # asked anew for each value
+    check_cxx_compiler_flag("-fsanitize=${ORVATOOL_SANITIZE}" ORVATOOL_SANITIZERS_WORK)
+    unset(CMAKE_REQUIRED_LINK_OPTIONS)
+    if(NOT ORVATOOL_SANITIZERS_WORK)
+        message(FATAL_ERROR "ORVATOOL_SANITIZE is \"${ORVATOOL_SANITIZE}\", with which ${CMAKE_CXX_COMPILER}"
+                            " builds no program: give sanitizers that it has, as in address,undefined, or"
+                            " nothing.")
+    endif()
+endif()
+
+foreach(name COVERAGE FUZZ)
+    if(ORVATOOL_${name} AND NOT CMAKE_CXX_COMPILER_ID STREQUAL Clang)
+        message(FATAL_ERROR "ORVATOOL_${name} needs clang, and the compiler is ${CMAKE_CXX_COMPILER}: give"
+                            " -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ in an empty build folder.")
+    endif()
+endforeach()

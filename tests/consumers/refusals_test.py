@@ -3,6 +3,8 @@
 A wrong value that is taken back leaves nothing behind: the next configuration is right.
 """
 
+from pathlib import Path
+
 from tests.consumers import target
 
 BUILD_TYPES = "give MinSizeRel, as on the terminal, RelWithDebInfo, Release, Debug or None."
@@ -22,6 +24,41 @@ class Refusals(target.ConfigureTest):
             (path, f'ORVATOOL_TROPTION is "{path}", {why}') for path, why in (
                 (missing, NO_FILE), (self.folder, NO_FILE), (text, NO_LIBRARY),
                 (empty, NO_LIBRARY))))
+
+    def test_option_store_of_another_processor(self):
+        head = bytearray(Path("/proc/self/exe").read_bytes()[:64])
+        for place, name in ((4, "class"), (5, "order"), (18, "machine")):
+            with self.subTest(other=name):
+                other = bytearray(head)
+                other[place] ^= 3
+                path = self.folder / f"lib{name}.so"
+                path.write_bytes(other)
+                self.assert_refused("ORVATOOL_TROPTION", (
+                    path, f'ORVATOOL_TROPTION is "{path}", which is of another processor than that'
+                    f" of {target.COMPILERS['c']}: give the library of this one, or choose the"
+                    " terminal's compiler, as by --toolchain cmake/arm-linux-gnueabi.cmake."))
+
+    def test_sanitizers_that_the_compiler_has_not(self):
+        compiler = target.COMPILERS["cpp"]
+        self.assert_refused("ORVATOOL_SANITIZE", *(
+            (value, f'ORVATOOL_SANITIZE is "{value}", with which {compiler} builds no program: give'
+             " sanitizers that it has, as in address,undefined, or nothing.")
+            for value in ("nonsense", "address,thread")))
+        self.assert_ends(self.configured("-DORVATOOL_SANITIZE=address,undefined"), 0)
+        self.configured("-UORVATOOL_SANITIZE")
+
+    def test_what_needs_clang(self):
+        for name in ("ORVATOOL_COVERAGE", "ORVATOOL_FUZZ"):
+            self.assert_refused(name, ("ON", f"{name} needs clang, and the compiler is"
+                                       f" {target.COMPILERS['cpp']}: give -DCMAKE_C_COMPILER=clang"
+                                       " -DCMAKE_CXX_COMPILER=clang++ in an empty build folder."))
+
+    def test_tests_without_googletest(self):
+        ended = self.configured("-DORVATOOL_TESTS=ON", f"-DORVATOOL_GTEST_SOURCE={self.folder}")
+        self.assert_ends(ended, 1, f'ORVATOOL_GTEST_SOURCE is "{self.folder}", without a'
+                         " CMakeLists.txt: give the folder of GoogleTest's sources (script/setup"
+                         " gets Debian's), or take ORVATOOL_TESTS=ON back.")
+        self.configured("-UORVATOOL_TESTS", "-UORVATOOL_GTEST_SOURCE")
 
     def test_build_types_that_do_not_exist(self):
         self.assert_refused("CMAKE_BUILD_TYPE", *(
