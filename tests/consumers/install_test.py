@@ -57,9 +57,9 @@ class InstallTest(target.ConfigureTest):
                 *options), 0)
         output_of([target.CMAKE, "--install", self.build], DESTDIR=str(self.root))
 
-    def uninstall(self):
+    def uninstall(self, destdir=None):
         return target.run([target.CMAKE, "--build", self.build, "--target", "orvatool_uninstall"],
-                          DESTDIR=str(self.root))
+                          DESTDIR=str(self.root) if destdir is None else destdir)
 
     def assert_installed(self, folders):
         """Exactly our files are there, in these folders."""
@@ -133,6 +133,27 @@ class Uninstall(InstallTest):
         self.assertEqual(contents(self.root), {
             str(path.relative_to(self.root)) for path in (own, *own.parents)
             if self.root in path.parents}, "what is left")
+
+    def test_refuses_another_root_folder_than_that_of_the_installation(self):
+        self.install()
+        before = contents(self.root)
+        for other in "", f"{self.folder}/other":
+            with self.subTest(destdir=other):
+                self.assert_ends(self.uninstall(other), 2, "It was installed with DESTDIR="
+                                 f'"{self.root}", and now DESTDIR is "{other}": nothing was'
+                                 " removed. Give the first one.")
+        self.assertEqual(contents(self.root), before, "what is left")
+        # Of one component: what is noted of the whole one stays.
+        output_of([target.CMAKE, "--install", self.build, "--component", "Unspecified",
+                   "--prefix", self.folder / "other"])
+        self.assert_ends(self.uninstall(), 0)
+        self.assertEqual(contents(self.root), set(), "what is left")
+
+    def test_knows_a_root_folder_that_was_given_from_another_one(self):
+        self.install()  # configures
+        output_of([target.CMAKE, "--install", self.build], self.folder, DESTDIR="root")
+        self.assert_ends(self.uninstall(f"{self.folder}/root"), 0)
+        self.assertFalse((self.folder / "root").exists(), "it is left")
 
     def test_twice_tells_that_nothing_is_installed(self):
         self.install()
