@@ -1,9 +1,9 @@
 # What no list names is not built, and its tests are not run, and all stays green: so lists and
 # folders must agree, or nothing gets configured.
 
-# expect_listed(LIST file... FOLDERS folder... [EXCEPT regex]): every .c and .cpp file below the
-# folders must be in the list. Relative names are those of the current source folder.
-function(expect_listed)
+# orvatool_expect_listed(LIST file... FOLDERS folder... [EXCEPT regex]): every .c and .cpp file below
+# the folders must be in the list. Relative names are those of the current source folder.
+function(orvatool_expect_listed)
     cmake_parse_arguments(PARSE_ARGV 0 EXPECT "" "EXCEPT" "LIST;FOLDERS")
     list(TRANSFORM EXPECT_FOLDERS REPLACE "(.+)" "\\1/*.c;\\1/*.cpp" OUTPUT_VARIABLE patterns)
     list(TRANSFORM EXPECT_LIST PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/" REGEX "^[^/]")

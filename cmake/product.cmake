@@ -47,7 +47,7 @@ set(device_sources
     udisk/partitions.cpp
     udisk/udiskdetection.cpp)
 set(library_sources ${util_sources} ${device_sources})
-expect_listed(LIST ${library_sources} FOLDERS log splash udisk util)
+orvatool_expect_listed(LIST ${library_sources} FOLDERS log splash udisk util)
 
 # A small build (MinSizeRel, as on the terminal) calls a subroutine for each division by a constant.
 # What divides, copies or compares most gets -O2 there too; the rest would only grow.
@@ -59,17 +59,17 @@ set_source_files_properties(
     PROPERTIES COMPILE_OPTIONS $<$<CONFIG:MinSizeRel>:-O2>)
 
 # -fPIC, also for what ends in an executable: -fPIE would export copies of libc's data.
-function(add_objects name)
+function(orvatool_add_objects name)
     add_library(${name} OBJECT ${ARGN})
     target_link_libraries(${name} PRIVATE orvatool_product_flags)
     set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
 endfunction()
-add_objects(orvautil_objects ${util_sources})
-add_objects(orvatool_objects ${device_sources})
+orvatool_add_objects(orvautil_objects ${util_sources})
+orvatool_add_objects(orvatool_objects ${device_sources})
 set(product_objects $<TARGET_OBJECTS:orvautil_objects> $<TARGET_OBJECTS:orvatool_objects>)
 
-expect_listed(LIST tool/main.cpp FOLDERS tool)
-add_objects(orvatool_main tool/main.cpp)
+orvatool_expect_listed(LIST tool/main.cpp FOLDERS tool)
+orvatool_add_objects(orvatool_main tool/main.cpp)
 configure_file(cmake/version_note.c.in ${PROJECT_BINARY_DIR}/version_note.c @ONLY)
 
 set(exports_list ${PROJECT_SOURCE_DIR}/tool/exports.list)

@@ -137,6 +137,14 @@ class Projects(Route):
             output_of([target.CMAKE, "--install", build, "--prefix", self.folder / "installed"])
             self.assertFalse((self.folder / "installed").exists())
 
+    def test_add_subdirectory_brings_functions_of_our_prefix_only(self):
+        lists = (target.ROOT / "CMakeLists.txt").read_text(encoding="utf-8")
+        included = re.findall(r"^include\((cmake/\S+)\)", lists, re.MULTILINE)
+        texts = [(target.ROOT / name).read_text(encoding="utf-8") for name in included]
+        names = re.findall(r"^(?:function|macro)\((\w+)", "\n".join(texts), re.MULTILINE)
+        self.assertTrue(names, "no function was found")
+        self.assertEqual([name for name in names if not name.startswith("orvatool_")], [])
+
 
 if __name__ == "__main__":
     unittest.main()
