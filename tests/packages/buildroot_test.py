@@ -19,6 +19,9 @@ config BR2_EXTERNAL_ORVATOOL_PATH
 	option env="BR2_EXTERNAL_ORVATOOL_PATH"
 config BR2_STATIC_LIBS
 	bool "static"
+config BR2_ENDIAN
+	string
+	default "{endian}"
 {needs}
 source "{external}/Config.in"
 """
@@ -35,10 +38,11 @@ class Buildroot(RecipeTest):
         with self.subTest("stand-in"):
             self.assert_terminal_s(self._build("BR2_PACKAGE_ORVATOOL_STANDINS=y"), standins=True)
 
-    def _chosen(self, without=()):
+    def _chosen(self, without=(), endian="LITTLE"):
         """The options that are left of a choice of ours on a system without some."""
         needs = "".join(f'config BR2_{name}\n\tbool "{name}"\n' for name in NEEDS)
-        (self.folder / "Config.in").write_text(OPTIONS.format(needs=needs, external=EXTERNAL))
+        (self.folder / "Config.in").write_text(OPTIONS.format(needs=needs, endian=endian,
+                                                                external=EXTERNAL))
         wanted = (*(name for name in NEEDS if name not in without), "PACKAGE_ORVATOOL",
                   "PACKAGE_ORVATOOL_STANDINS")
         (self.folder / ".config").write_text("".join(f"BR2_{name}=y\n" for name in wanted))
@@ -54,6 +58,8 @@ class Buildroot(RecipeTest):
         for need in NEEDS:
             with self.subTest(need=need):
                 self.assertNotIn("BR2_PACKAGE_ORVATOOL=y\n", self._chosen((need,)))
+        with self.subTest("big-endian"):
+            self.assertNotIn("BR2_PACKAGE_ORVATOOL=y\n", self._chosen(endian="BIG"))
 
 
 if __name__ == "__main__":
