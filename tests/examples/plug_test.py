@@ -1,4 +1,4 @@
-"""The udev rule and the unit of examples/plug: which events start the tool; systemd takes them.
+"""The files of examples/plug: the udev rule's events, what systemd takes, how mdev's line gets in.
 
 Called with the folder of the examples.
 """
@@ -84,6 +84,28 @@ class SystemdUnit(unittest.TestCase):
             run = subprocess.run(["systemd-analyze", "verify", "--man=no", unit], check=False,
                                  capture_output=True, text=True)
         self.assertEqual((run.returncode, run.stderr), (0, ""))
+
+
+class MdevLine(unittest.TestCase):
+    def configured(self, before):
+        """/etc/mdev.conf as the README's commands leave it; before, it was this, or none."""
+        readme = (plug / "README.md").read_text("utf-8")
+        commands = re.findall(r"^    (.*mdev\.conf.*)$", readme, re.MULTILINE)
+        with tempfile.TemporaryDirectory() as root:
+            for name in "etc", "tmp":
+                pathlib.Path(root, name).mkdir()
+            file = pathlib.Path(root, "etc/mdev.conf")
+            if before is not None:
+                file.write_text(before, "utf-8")
+            subprocess.run(["sh", "-ec", re.sub(r"/(?=etc|tmp)", f"{root}/", "\n".join(commands))],
+                           cwd=plug, check=True)
+            return file.read_text("utf-8")
+
+    def test_gets_in_front_of_what_is_there(self):
+        line = (plug / "mdev.conf").read_text("utf-8")
+        for before in None, "", "sd[a-z] 0:0 660\n":
+            with self.subTest(before=before):
+                self.assertEqual(self.configured(before), line + (before or ""))
 
 
 if __name__ == "__main__":
