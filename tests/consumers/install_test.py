@@ -134,6 +134,14 @@ class Uninstall(InstallTest):
             str(path.relative_to(self.root)) for path in (own, *own.parents)
             if self.root in path.parents}, "what is left")
 
+    def test_of_a_prefix_below_the_current_folder_leaves_nothing(self):
+        self.install()
+        self.assert_ends(self.uninstall(), 0)
+        output_of([target.CMAKE, "--install", self.build, "--prefix", "here"], self.root, DESTDIR="")
+        self.assertTrue((self.root / "here/sbin/orvatool").is_file(), "nothing was installed")
+        self.assert_ends(self.uninstall(""), 0)
+        self.assertEqual(contents(self.root), set(), "what is left")
+
     def test_refuses_another_root_folder_than_that_of_the_installation(self):
         self.install()
         before = contents(self.root)
