@@ -25,6 +25,16 @@ PLAIN = set("""__aeabi_idiv __aeabi_idivmod __aeabi_ldivmod __aeabi_uldivmod __e
 # They may be called anywhere and set errno when they fail. statfs and sysinfo, on which the manual
 # is silent, are system calls and nothing else.
 FAILING = set("access mkdir select statfs strtol sysinfo".split())
+# What the calls of a function wait for: the words that may stand there, and the calls that one of
+# them stands for. The first that a function comes to counts.
+WAITS = (
+    ({"command", "2 commands", "commands"}, {"waitpid"}),
+    ({"driver", "up to 50 s"}, {"ioctl"}),
+    ({"its argument"}, {"select"}),
+    ({"file system"}, {"access", "fopen", "mkdir", "opendir", "readdir", "stat", "statfs"}),
+    ({"zone file"}, {"localtime"}),
+    ({"output"}, {"printf"}),
+)
 
 
 def told(graph, name):
@@ -55,6 +65,12 @@ def threads(graph, name):
     return {"yes", "folder", "zone", "settings"}
 
 
+def waits(graph, name):
+    """What the calls of a function ask of the column of waiting, likewise."""
+    beside_log = {"printf"} if name == LOG else graph.outside(name, without=LOG)
+    return next((words for words, waiting in WAITS if waiting & beside_log), {"–"})
+
+
 def rows(text):
     """The cells of each function."""
     return {row[1]: dict(zip(COLUMNS, (cell.strip() for cell in row[2].split("|"))))
@@ -78,9 +94,10 @@ def faults(graph, text):
         for column, cell in told(graph, name).items():
             if cells[column] != cell:
                 yield f"{name}: {column}: {cells[column]}, and the compiler says {cell}"
-        if cells["threads"] not in threads(graph, name):
-            yield (f"{name}: threads: {cells['threads']}, and its calls allow"
-                   f" {' or '.join(sorted(threads(graph, name)))}")
+        for column, asked in ("threads", threads), ("waits", waits):
+            if cells[column] not in asked(graph, name):
+                yield (f"{name}: {column}: {cells[column]}, and its calls allow"
+                       f" {' or '.join(sorted(asked(graph, name)))}")
 
 
 def main(build, word=None):

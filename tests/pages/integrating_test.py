@@ -65,7 +65,7 @@ class Words(unittest.TestCase):
     def test_are_explained(self):
         text = read("docs/integrating.md")
         for name, cells in integrating.rows(text).items():
-            for column in ("threads", "signals", "fork", "errno"):
+            for column in ("threads", "signals", "fork", "errno", "waits"):
                 with self.subTest(function=name, column=column):
                     self.assertRegex(text, rf"\*{re.escape(cells[column])}\*")
 
