@@ -73,8 +73,8 @@ class Pages(unittest.TestCase):
                 for page, text in self.texts.items()}
         self.assertEqual({page: sorted(includes) for page, includes in told.items()}, INCLUDES)
 
-    def test_mandoc_accepts_them_without_a_word(self):
-        for file in self.files:
+    def test_mandoc_accepts_them_and_that_of_the_tool_without_a_word(self):
+        for file in (*self.files, self.folder / "man8/orvatool.8"):
             with self.subTest(page=file.name):
                 said = mandoc("mandoc", "-T", "lint", "-W", "style", file, folder=self.folder)
                 self.assertEqual(said, "", said)
