@@ -10,6 +10,7 @@ import unittest
 from pathlib import Path
 
 from board import lockfile
+from tests.support import fake_commands
 
 ROOT = Path(__file__).parents[2]
 BOUND_S = 60
@@ -31,15 +32,8 @@ class BootTest(unittest.TestCase):
         (kernel / "lib/modules/6").mkdir(parents=True)
         (kernel / "boot").mkdir()
         (kernel / "boot/vmlinuz-6").touch()
-        for name in "temporary", "fakes":
-            (self.folder / name).mkdir()
-        for name, text in FAKES.items():
-            self.fake(name, text)
-
-    def fake(self, name, text):
-        path = self.folder / "fakes" / name
-        path.write_text(f"#!/bin/sh\n{text}\n")
-        path.chmod(0o755)
+        (self.folder / "temporary").mkdir()
+        fake_commands.write(self.folder / "fakes", FAKES)
 
     def start(self, word):
         """Starts the board, with a folder of its own for temporary files."""
@@ -99,7 +93,8 @@ class Boot(BootTest):
         self.assert_gone(emulator)
 
     def test_a_boot_that_fails_says_why(self):
-        self.fake("qemu-system-arm", "echo no such machine >&2; exit 1")
+        fake_commands.write(self.folder / "fakes",
+                            {"qemu-system-arm": "echo no such machine >&2; exit 1"})
         process = self.start("run")
         self.assertEqual(process.stdout.read(), "booting      failed\nboard: the emulator closed"
                          " its control connection\nno such machine\n\n")

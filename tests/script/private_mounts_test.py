@@ -3,6 +3,7 @@
 import unittest
 
 from tests.script.commands import ROOT, CommandTest
+from tests.support import fake_commands
 
 FAILS = "echo 'unshare: not permitted' >&2; exit 1"
 NAMESPACE_OF_ROOT = f'case "$*" in *--map-root-user*) shift 2; exec "$@" ;; esac; {FAILS}'
@@ -12,9 +13,7 @@ class PrivateMounts(CommandTest):
     """`unshare` is a fake, and what it starts is not in a namespace: `mount` does nothing."""
 
     def run_with(self, unshare, command=f"'{ROOT}/tests/process/private_mounts' echo run"):
-        for name, text in ("unshare", unshare), ("mount", ":"):
-            (self.folder / name).write_text(f"#!/bin/sh\n{text}\n")
-            (self.folder / name).chmod(0o755)
+        fake_commands.write(self.folder, {"unshare": unshare, "mount": ":"})
         return self.run_command(f"PATH=$PWD:$PATH {command}")
 
     def test_root_needs_no_other_namespace(self):

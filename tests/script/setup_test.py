@@ -6,6 +6,7 @@ import subprocess
 import unittest
 
 from tests.script.commands import ROOT, CommandTest
+from tests.support import fake_commands
 
 FAKES = {
     "dpkg": "echo amd64",
@@ -25,14 +26,7 @@ class SetupTest(CommandTest):
 
     def setUp(self):
         super().setUp()
-        (self.folder / "fakes").mkdir()
-        for name, text in FAKES.items():
-            self.fake(name, text)
-
-    def fake(self, name, text):
-        path = self.folder / "fakes" / name
-        path.write_text(f"#!/bin/sh\n{text}\n")
-        path.chmod(0o755)
+        fake_commands.write(self.folder / "fakes", FAKES)
 
     def set_up(self, words=""):
         return self.run_command(f"PATH=$PWD/fakes:$PATH; script/setup {words}")
@@ -86,7 +80,7 @@ class Packages(SetupTest):
 
 class Machines(SetupTest):
     def test_another_architecture_is_refused(self):
-        self.fake("dpkg", "echo arm64")
+        fake_commands.write(self.folder / "fakes", {"dpkg": "echo arm64"})
         status, output = self.set_up("host")
         self.assertEqual(status, 1)
         self.assertRegex(output, "^" + re.escape(NOT_HERE).replace(r"\{\}", ".*", 1).replace(

@@ -10,6 +10,7 @@ import unittest
 
 from board.step import step
 from tests.script.commands import CommandTest
+from tests.support import fake_commands
 
 LINE = r"building {5,8}\d+\.\d s\n"
 FAILED = "building     failed\n"
@@ -18,8 +19,7 @@ FAILED = "building     failed\n"
 class QuietlyTest(CommandTest):
     def quietly(self, text):
         (self.folder / "build").mkdir()
-        (self.folder / "step").write_text(f"#!/bin/sh\n{text}\n")
-        (self.folder / "step").chmod(0o755)
+        fake_commands.write(self.folder, {"step": text})
         return self.run_command(". script/steps; Quietly building ./step; echo next")
 
     def test_a_step_is_one_line(self):
