@@ -9,6 +9,7 @@
 #include "tests/support/inputs.h"
 #include "tests/util/timeutils/any_int.h"
 #include "tests/util/timeutils/date_records.h"
+#include "tests/util/timeutils/values/mktime_checks.h"
 #include "tests/util/timeutils/values/naive_mktime.h"
 #include "tests/util/timeutils/values/naive_seconds.h"
 #include "util/timeutils.h"
@@ -45,19 +46,9 @@ struct tm Normal(const struct tm& given) {
 }
 
 void ExpectExact(const struct tm& given, int zone = 0, int bias = 0) {
-    _timezone = zone;
-    _dstbias = bias;
-    struct tm rec = given;
-    const time_t seconds = mktime_1(&rec);
-    _timezone = 0;
-    _dstbias = 0;
-    const struct tm normal = Normal(given);
-    ASSERT_EQ(seconds, naive::CountOrRefuse(given, zone, bias))
-        << testing::PrintToString(FieldsOf(given)) << ' ' << zone << ' ' << bias;
-    if (naive::SecondsSince1970(given) / 86400 > kLastWholeWeekday) {
-        rec.tm_wday = normal.tm_wday;  // wraps there
-    }
-    ASSERT_EQ(FieldsOf(rec), FieldsOf(normal)) << testing::PrintToString(FieldsOf(given));
+    const bool weekday_is_whole = naive::SecondsSince1970(given) / 86400 <= kLastWholeWeekday;
+    ExpectCounted(given, zone, bias, naive::CountOrRefuse(given, zone, bias), Normal(given),
+                  weekday_is_whole);
 }
 
 // A record of 1970 that is so many seconds old, spread over its fields.
