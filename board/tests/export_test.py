@@ -16,15 +16,6 @@ NOT_EXECUTABLE = 126  # what the shell says then
 
 class Export(BoardTest):
 
-    def test_without_log_levels(self):
-        stick = self.stick(True)
-        self.terminal.plug(stick)
-        self.assertEqual(self.run_tool().errors, "")
-        self.assertEqual(stick.files(1), [NOTES, FOLDER, EXPORT])
-        self.assertEqual(stick.read(EXPORT, 1), b"")
-        self.assertEqual(self.output(), "")
-        stick.check(1)
-
     def test_later_runs_overwrite(self):
         stick = self.stick(True)
         self.terminal.plug(stick)

@@ -116,6 +116,7 @@ class Timing(FaultTest):
         self.assertEqual(self.terminal.finish().status, 0)
         self.assertTrue(tool.without_times(self.output()).endswith(
             tool.main_line(tool.NO_SUCH_FILE) + tool.RELEASED_NOTHING))
+        self.note_lines()
         self.assertIn(tool.MOUNT_POINT, self.terminal.read("/proc/mounts"))
         self.terminal.check("kill $(pidof sleep)")
         self.terminal.wait_for("! pidof sleep")

@@ -50,12 +50,24 @@ class Page(unittest.TestCase):
                                       if not file.startswith("board/tests/")], [],
                                      "nothing there compares what is quoted")
 
-    def test_the_named_tests_are_rows_of_the_fault_catalogue(self):
+    def test_the_tests_that_show_lines_are_rows_of_the_fault_catalogue(self):
         rows = set(ROW.findall((root / "docs/faults.md").read_text(encoding="utf-8")))
-        for _, tests in self.sections:
-            for each in tests:
+        for lines, tests in self.sections:
+            for each in tests if lines else ():
                 with self.subTest(test=each):
                     self.assertIn(each, rows, f"no row of docs/faults.md: {each}")
+
+    def test_each_named_test_is_there(self):
+        for _, tests in self.sections:
+            for file, test in tests:
+                with self.subTest(file=file, test=test):
+                    self.assertRegex((root / f"{file}.py").read_text(encoding="utf-8"),
+                                     rf"\n    def {test}\(self\)")
+
+    def test_what_is_said_of_runs_without_levels_names_tests(self):
+        text = technician.DOCUMENT.read_text(encoding="utf-8")
+        quiet = text.partition("## Without `-d`\n")[2].partition("\n## ")[0]
+        self.assertIn("`board/tests/quiet_test` `test_", quiet)
 
 
 class Picture(unittest.TestCase):
@@ -65,7 +77,7 @@ class Picture(unittest.TestCase):
         text = technician.DOCUMENT.read_text(encoding="utf-8")
         labels = re.findall(r'last -> \w+ \[label=" ([^"]+)"\]',
                             (root / "docs/technician.dot").read_text(encoding="utf-8"))
-        self.assertEqual(len(labels), 3)
+        self.assertEqual(len(labels), 4)
         for label in labels:
             with self.subTest(label=label):
                 self.assertRegex(text, r"N\]: " + re.escape(label).replace(r"\.\.\.", ".*"))

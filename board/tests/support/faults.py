@@ -30,7 +30,7 @@ class FaultTest(BoardTest):
         super().setUp()
         self._sticks = {}  # those plugged in, and what was on them before
         self._checked = False
-        self._logged = ""  # by the runs that it checks
+        self._logged = ""  # by its runs
 
     def tearDown(self):
         self.assertTrue(self._checked, "this test is a row, and checks no promise")
@@ -75,13 +75,17 @@ class FaultTest(BoardTest):
     def _mounted(self):
         return Counter(self.terminal.read("/proc/mounts").splitlines())
 
+    def note_lines(self):
+        """Takes down what a run has logged, for the lines that docs/technician.md quotes."""
+        self._logged += tool.without_times(self.output())
+
     def assert_promises(self, result, *lines):
         """The tool has ended: checks what the row keeps.
 
         The RAM-disk file has to hold what every run with all log levels writes, then these lines.
         """
         took_s = time.monotonic() - self._began_s
-        self._logged += tool.without_times(self.output())
+        self.note_lines()
         checks = {
             "exit": lambda: self.assertEqual(result.status, 0, result.errors),
             "output": lambda: self.assertEqual(tool.without_times(self.output()), "".join(
