@@ -41,7 +41,8 @@ BOUNDS = {
     ("script/mutate 60 1", "wall time"): 216,  # seconds: 1,000 faults in an hour
 }
 # Figures that are there only where their tests ran: (command, label).
-DEMANDED = (("script/musl", "musl, process tests"),)
+DEMANDED = (("script/musl", "musl, process tests"),
+            ("script/package", "packages, tests in a fresh root"))
 PAGE = """# Proof
 
 `script/test all` runs every proof there is and writes this page. Each command can be run alone.

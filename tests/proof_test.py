@@ -10,7 +10,8 @@ from unittest import mock
 from tests import proof
 
 SECONDS = "both terminals, seconds that the rows took"
-TORN, WALL, MUSL = "torn sticks, seconds", "wall time", "musl, process tests"
+TORN, WALL = "torn sticks, seconds", "wall time"
+DEMANDED = (("musl", "musl, process tests"), ("package", "packages, tests in a fresh root"))
 AT_BOUNDS = (("board_1", SECONDS, 100), ("board_2", SECONDS, 80), ("power_cut", TORN, 60),
              ("mutate", WALL, 216))
 
@@ -31,7 +32,8 @@ class Proof(unittest.TestCase):
             self.write(name, "things", "1,234")
         for line in AT_BOUNDS:
             self.write(*line)
-        self.write("musl", MUSL, 178)
+        for name, label in DEMANDED:
+            self.write(name, label, 12)
 
     def write(self, name, label, figure):
         """A command leaves this figure."""
@@ -69,10 +71,13 @@ class Proof(unittest.TestCase):
         self.assertEqual(self.run_main(),
                          (1, f"script/board power_cut left no figure named: {TORN}\n"))
 
-    def test_process_tests_with_musl_that_did_not_run_fail(self):
-        self.write("musl", "musl, headers", 1)
-        self.assertEqual(self.run_main(),
-                         (1, f"script/musl left no figure named: {MUSL}\n"))
+    def test_tests_that_could_not_run_fail(self):
+        for name, label in DEMANDED:
+            with self.subTest(label=label):
+                self.write(name, "other things", 1)
+                self.assertEqual(self.run_main(),
+                                 (1, f"script/{name} left no figure named: {label}\n"))
+                self.write(name, label, 12)
 
     def test_a_command_without_figures_fails(self):
         (self.folder / "fuzz.tsv").unlink()
