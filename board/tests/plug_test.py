@@ -3,12 +3,13 @@
 from pathlib import Path
 
 from board.terminal import SERIAL
-from board.tests.support.case import HOLD_BEFORE, BoardTest
+from board.tests.support.case import HOLD_BEFORE, PROGRAMS, BoardTest
 from tests.support import tool
 
 PLUG = Path(__file__).parents[2] / "examples/plug"
 SCRIPT = "orvatool-plugged"
 STARTS = "/tmp/starts"  # for which devices mdev ran the script
+TOOLS = "/tmp/tools"  # the processes that are started in the tool's place
 EXPORT = tool.export_name(SERIAL)
 PARTITION_MIB = 16
 # Between the device files of the disk and of its partitions: waits until the script waits for
@@ -16,6 +17,8 @@ PARTITION_MIB = 16
 LATE_PARTITIONS = ("-sd[a-z] 0:0 660 @until pidof sleep ||"
                    f" {{ [ -e {tool.OUTPUT_FILE} ] && ! pidof orvatool; }};"
                    " do usleep 10000; done\n")
+# So that of two which look at once, neither sees what the other starts.
+SLOW_PIDOF = "/bin/pidof $*; status=$?; sleep 1; exit $status"
 # In mounts of its own: an empty /dev, in which mdev makes all files.
 IN_EMPTY_DEV = ("unshare -m sh -c"
                 " 'mount -t tmpfs dev /dev && mknod /dev/null c 1 3 && mdev -d'")
@@ -79,3 +82,13 @@ class Plug(BoardTest):
         self.terminal.wait_for(f"! ps | grep -q '[/]{SCRIPT}'")
         self.assertEqual(self.terminal.check("pidof orvatool"), before)
         self.let_go()
+
+    def test_disks_that_come_at_once_start_one_tool(self):
+        for name, text in ("pidof", SLOW_PIDOF), ("orvatool", f"echo $$ >>{TOOLS}"):
+            self.terminal.write(f"{PROGRAMS}/{name}", f"#!/bin/sh\n{text}\n")
+            self.terminal.check(f"chmod 755 {PROGRAMS}/{name}")
+        for expected in 1, 2:  # the second time, after the first has ended
+            self.terminal.check(f"for MDEV in sda sdb; do export MDEV;"
+                                f" PATH={PROGRAMS}:$PATH {SCRIPT}; done")
+            self.terminal.wait_for(f"! ps | grep -q '[/]{SCRIPT}'")
+            self.assertEqual(len(self.terminal.read(TOOLS).splitlines()), expected)

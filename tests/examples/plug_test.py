@@ -107,6 +107,10 @@ class MdevLine(unittest.TestCase):
             with self.subTest(before=before):
                 self.assertEqual(self.configured(before), line + (before or ""))
 
+    def test_stays_one_line_when_it_is_put_in_again(self):
+        once = self.configured("sd[a-z] 0:0 660\n")
+        self.assertEqual(self.configured(once), once)
+
 
 if __name__ == "__main__":
     unittest.main(argv=sys.argv[:1], verbosity=2)  # names what is skipped
