@@ -1,9 +1,12 @@
 """The export onto sticks that work."""
 
+import re
+
 from board.sticks import NOTES
 from board.terminal import SERIAL
 from board.tests.support.case import HOLD_BEFORE, BoardTest
 from board.tests.support.media import MediaTest, log_of
+from tests.pages import technician
 from tests.support import tool
 from tests.support.faults import fault
 
@@ -39,6 +42,16 @@ class Export(BoardTest):
             + tool.mounted("sda", WHOLE_MIB)))
         self.assertEqual(stick.files(), [NOTES, FOLDER, EXPORT])
         self.assertEqual(other.files(), [NOTES])
+
+    def test_the_technician_fetches_the_whole_file(self):
+        page = technician.DOCUMENT.read_text(encoding="utf-8")
+        command, = re.findall(r"^    (mount .*)$", page, re.MULTILINE)
+        stick = self.stick(True)
+        self.terminal.plug(stick)
+        self.run_tool("-d", "EIWD")
+        self.terminal.check(command)
+        self.assertNotIn(tool.MOUNT_POINT, self.terminal.read("/proc/mounts"))
+        self.assertEqual(stick.read("output.txt", 1).decode(), self.output())
 
     def test_repeated_option_adds_levels(self):
         self.terminal.plug(self.stick(True))
