@@ -13,12 +13,12 @@ import unittest
 root = pathlib.Path(sys.argv[1])
 COPIED = ("script/package", "script/alone", "packaging/build_debian", "packaging/needed")
 # The tools, and Debian's packages of them: for any build, for each architecture, for the trials.
-BUILD = {"dpkg-buildpackage": "dpkg-dev", "dh": "debhelper", "cmake": "cmake", "make": "make"}
+BUILD = {"dpkg-buildpackage": "dpkg-dev", "dh": "debhelper", "cmake": "cmake", "make": "make",
+         "python3": "python3"}
 AMD64 = {"g++": "g++"}
 ARMEL = {"arm-linux-gnueabi-g++": "g++-arm-linux-gnueabi",
          "arm-linux-gnueabi-gcc": "gcc-arm-linux-gnueabi"}
-TRY = {"lintian": "lintian", "dpkg-scanpackages": "dpkg-dev", "kconfig-conf": "kconfig-frontends",
-       "python3": "python3"}
+TRY = {"lintian": "lintian", "dpkg-scanpackages": "dpkg-dev", "kconfig-conf": "kconfig-frontends"}
 
 
 def call(command, *words, **options):
