@@ -10,6 +10,8 @@ import sys
 import tempfile
 import unittest
 
+from tests.support import fake_commands
+
 root = pathlib.Path(sys.argv[1])
 COPIED = ("script/package", "script/alone", "packaging/build_debian", "packaging/needed")
 # The tools, and Debian's packages of them: for any build, for each architecture, for the trials.
@@ -55,9 +57,11 @@ class Machine(unittest.TestCase):
             shutil.copy(root / name, self.folder / name)
         (self.folder / "script/setup").write_text("#!/bin/sh\nexit 1\n", encoding="ascii")
         (self.folder / "script/setup").chmod(0o755)
+        (self.folder / "packaging/debian").mkdir()
         self.bin = self.folder / "bin"
         self.bin.mkdir()
-        for name in ("bash", "sh", "dirname", "xargs", "mkdir", "flock", "cat", "echo", "realpath"):
+        for name in ("bash", "sh", "dirname", "xargs", "mkdir", "flock", "cat", "echo", "realpath",
+                     "rm", "cp", "tar"):
             (self.bin / name).symlink_to(shutil.which(name))
 
     def call(self, command, *words):
@@ -90,13 +94,21 @@ class Machine(unittest.TestCase):
                     (self.bin / name).unlink()
 
     def test_a_foreign_machine_is_told_with_the_way_out(self):
-        for name in BUILD | AMD64 | ARMEL | TRY:
-            (self.bin / name).symlink_to("/bin/true")
-        (self.bin / "dpkg").write_text("#!/bin/sh\necho riscv64\n", encoding="ascii")
-        (self.bin / "dpkg").chmod(0o755)
-        self.assertEqual(self.call("script/package", "build"), (
-            1, "script/package: this machine is riscv64, and the packages are built on amd64: take"
-            " such a machine, or packaging/build_debian ARCHITECTURE FOLDER\n"))
+        fake_commands.write(self.bin, {"dpkg": "echo arm64"})
+        refusal = (1, "packaging/build_debian: this machine is arm64, and the packages for amd64 are"
+                   " built on amd64: take such a machine, or for armel alone"
+                   " packaging/build_debian armel FOLDER\n")
+        # Before a tool is missed, which would be got in vain.
+        self.assertEqual(self.call("packaging/build_debian", "amd64", self.folder / "out"), refusal)
+        fake_commands.write(self.bin, dict.fromkeys(BUILD | AMD64 | ARMEL | TRY, ""))
+        self.assertEqual(self.call("script/package", "build"), refusal)
+        self.assertFalse((self.folder / "out").exists())
+
+    def test_the_terminals_packages_are_built_on_a_foreign_machine(self):
+        fake_commands.write(self.bin, {"dpkg": "echo arm64", **dict.fromkeys(BUILD | ARMEL, ""),
+                                       "dpkg-buildpackage": "pwd >../built"})
+        self.assertEqual(self.call("packaging/build_debian", "armel", self.folder / "out"), (0, ""))
+        self.assertTrue((self.folder / "out/built").is_file())
 
 
 if __name__ == "__main__":
