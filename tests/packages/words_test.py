@@ -61,7 +61,7 @@ class Machine(unittest.TestCase):
         self.bin = self.folder / "bin"
         self.bin.mkdir()
         for name in ("bash", "sh", "dirname", "xargs", "mkdir", "flock", "cat", "echo", "realpath",
-                     "rm", "cp", "tar"):
+                     "rm", "cp", "tar", "find"):
             (self.bin / name).symlink_to(shutil.which(name))
 
     def call(self, command, *words):
@@ -109,6 +109,27 @@ class Machine(unittest.TestCase):
                                        "dpkg-buildpackage": "pwd >../built"})
         self.assertEqual(self.call("packaging/build_debian", "armel", self.folder / "out"), (0, ""))
         self.assertTrue((self.folder / "out/built").is_file())
+
+    def test_sources_that_cannot_be_read_are_not_built(self):
+        fake_commands.write(self.bin, dict.fromkeys(BUILD | ARMEL, ""))
+        (self.bin / "tar").unlink()  # it leads to the real one
+        fake_commands.write(self.bin, {"dpkg-buildpackage": "echo >../built",
+                                       "tar": 'case $1 in -c) exit 2 ;; esac'})
+        status, _ = self.call("packaging/build_debian", "armel", self.folder / "out")
+        self.assertNotEqual(status, 0)
+        self.assertFalse((self.folder / "out/built").exists())
+
+    def test_a_folder_in_the_tree_is_not_copied_into_itself(self):
+        listing = "find . >../listing"
+        fake_commands.write(self.bin, dict.fromkeys(BUILD | ARMEL, "")
+                            | {"dpkg-buildpackage": listing})
+        for folder in ".", "out", "an [o]ut", "out/in":
+            with self.subTest(folder=folder):
+                place = self.folder / folder
+                self.assertEqual(self.call("packaging/build_debian", "armel", place), (0, ""))
+                copied = (place / "listing").read_text(encoding="utf-8").splitlines()
+                self.assertIn("./packaging/needed", copied)
+                self.assertEqual([name for name in copied if name.endswith("/source")], [])
 
 
 if __name__ == "__main__":
