@@ -7,7 +7,8 @@ Buildroot's. Not tried are its checks of a package's legal data and style.
 import unittest
 
 from tests.packages.packages import ROOT
-from tests.packages.recipes import TOOLCHAIN, RecipeTest, run
+from tests.packages.recipes import TOOLCHAIN, RecipeTest
+from tests.support.succeeding import run
 
 EXTERNAL = ROOT / "packaging/buildroot"
 STUB = ROOT / "tests/packages/buildroot.mk"

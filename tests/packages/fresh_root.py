@@ -8,6 +8,7 @@ import subprocess
 from pathlib import Path
 
 from board.packages import cache
+from tests.support.succeeding import run
 
 SUITE = "bookworm"
 # Beside the least that a system can be: what a program is built with.
@@ -21,15 +22,6 @@ OWN_RECORDS = re.compile(r"var/(log|cache|lib/apt)/|var/lib/dpkg/(status|lock|tr
 
 class Refused(Exception):
     """This machine does not let a root be made or entered. The text is the reason."""
-
-
-def run(*command, **options):
-    """Runs a command that has to succeed; its complaints are in what is raised."""
-    result = subprocess.run(command, capture_output=True, text=True, check=False, **options)
-    if result.returncode != 0:
-        shown = " ".join(map(str, command))
-        raise AssertionError(f"{shown}: status {result.returncode}\n{result.stdout}{result.stderr}")
-    return result.stdout
 
 
 def archive():

@@ -12,7 +12,8 @@ import unittest
 from fnmatch import fnmatch
 
 from tests.packages.packages import ROOT, VERSION
-from tests.packages.recipes import TOOLCHAIN, RecipeTest, run
+from tests.packages.recipes import TOOLCHAIN, RecipeTest
+from tests.support.succeeding import run
 
 LAYER = ROOT / "packaging/openembedded"
 RECIPE = LAYER / f"recipes-support/orvatool/orvatool_{VERSION}.bb"

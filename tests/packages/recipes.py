@@ -1,23 +1,14 @@
 """What the tests of the recipes share: what a build of the terminal by them has to hold."""
 
 import re
-import subprocess
 import tempfile
 import unittest
 from pathlib import Path
 
 from tests.packages.packages import ROOT
+from tests.support.succeeding import run
 
 TOOLCHAIN = ROOT / "cmake/arm-linux-gnueabi.cmake"  # stands for theirs
-
-
-def run(*command, **options):
-    """Runs a command that has to succeed."""
-    result = subprocess.run(command, capture_output=True, text=True, check=False, **options)
-    if result.returncode != 0:
-        raise AssertionError(f"{command[0]}: status {result.returncode}\n"
-                             f"{result.stdout}{result.stderr}")
-    return result.stdout
 
 
 class RecipeTest(unittest.TestCase):

@@ -6,6 +6,8 @@ import tempfile
 from dataclasses import dataclass
 from pathlib import Path
 
+from tests.support import succeeding
+
 ROOT = Path(__file__).parents[2]
 LEFT_OUT = ("./build", "./.git", "__pycache__")
 LATER = ("faketime", "-f", "+400d")  # another day, month and year
@@ -42,8 +44,7 @@ class Place:
                        cwd=ROOT)
         self._locales = Path(self._temporary.name, "locales")
         self._locales.mkdir()
-        subprocess.run(["localedef", "-i", "tr_TR", "-f", "UTF-8", self._locales / TURKISH],
-                       check=True)
+        succeeding.run("localedef", "-i", "tr_TR", "-f", "UTF-8", self._locales / TURKISH)
         return self
 
     def __exit__(self, *_):
@@ -51,14 +52,10 @@ class Place:
 
     def run(self, *command):
         """Runs a command in the sources; it has to succeed."""
-        result = subprocess.run((*self.circumstances.before, *map(str, command)), cwd=self.sources,
-                                umask=self.circumstances.umask, capture_output=True, text=True,
-                                errors="replace", check=False,
-                                env={"PATH": os.environ["PATH"], "LOCPATH": str(self._locales),
-                                     **dict(self.circumstances.variables)})
-        if result.returncode != 0:
-            raise AssertionError(f"{' '.join(map(str, command))}: status {result.returncode}\n"
-                                 f"{result.stdout}{result.stderr}")
+        succeeding.run(*self.circumstances.before, *command, cwd=self.sources, errors="replace",
+                       umask=self.circumstances.umask,
+                       env={"PATH": os.environ["PATH"], "LOCPATH": str(self._locales),
+                            **dict(self.circumstances.variables)})
 
     def edit(self, name, old, new):
         """Changes a text of this copy of the sources."""

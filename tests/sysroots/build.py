@@ -3,9 +3,9 @@
 import re
 import shlex
 import shutil
-import subprocess
 from pathlib import Path
 
+from tests.support.succeeding import run
 from tests.sysroots import packages
 
 ROOT = Path(__file__).parents[2]
@@ -13,14 +13,6 @@ TOOLCHAIN = ROOT / "cmake/terminal-sysroot.cmake"
 WARNINGS = ("-Wall", "-Wextra", "-Werror")
 C_COMPILER = "arm-linux-gnueabi-gcc"
 CXX_COMPILER = "arm-linux-gnueabi-g++"
-
-
-def run(*command, **options):
-    """Runs a command, whose complaints are shown when it fails. Returns what it prints."""
-    done = subprocess.run([str(word) for word in command], capture_output=True, text=True,
-                          check=False, **options)
-    assert done.returncode == 0, f"{shlex.join(map(str, command))}\n{done.stdout}{done.stderr}"
-    return done.stdout
 
 
 class Build:

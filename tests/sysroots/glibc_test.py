@@ -2,7 +2,7 @@
 
 import unittest
 
-from tests.sysroots.build import run
+from tests.support.succeeding import run
 from tests.sysroots.callers import Callers, add_figure
 
 REVIEWED = {"GLIBC_2.4", "GLIBC_2.7", "GLIBC_2.33", "GLIBC_2.34"}

@@ -11,7 +11,8 @@ import sys
 import unittest
 
 from tests import skipped
-from tests.sysroots.build import C_COMPILER, ROOT, run
+from tests.support.succeeding import run
+from tests.sysroots.build import C_COMPILER, ROOT
 from tests.sysroots.callers import WIDE, Callers, add_figure
 
 PROBE_SOURCES = ("tests/process/probe.c", "tests/process/allocations.c")
