@@ -1,7 +1,6 @@
 """Where, when and by whom the same sources are built: two ways that differ in all of it."""
 
 import os
-import subprocess
 import tempfile
 from dataclasses import dataclass
 from pathlib import Path
@@ -40,8 +39,7 @@ class Place:
     def __enter__(self):
         self.sources.mkdir(parents=True)
         words = " ".join(f"--exclude={each}" for each in LEFT_OUT)
-        subprocess.run(f"tar -c {words} . | tar -x -C '{self.sources}'", shell=True, check=True,
-                       cwd=ROOT)
+        succeeding.pipe(f'tar -c {words} . | tar -x -C "$1"', self.sources, cwd=ROOT)
         self._locales = Path(self._temporary.name, "locales")
         self._locales.mkdir()
         succeeding.run("localedef", "-i", "tr_TR", "-f", "UTF-8", self._locales / TURKISH)

@@ -18,6 +18,12 @@ class Succeeding(unittest.TestCase):
         self.assertEqual(self.fault_of(succeeding.run, "sh", "-c", "echo a; echo b >&2; exit 3"),
                          "sh -c 'echo a; echo b >&2; exit 3': status 3\na\nb\n")
 
+    def test_each_command_of_a_pipe_has_to_succeed(self):
+        self.assertEqual(succeeding.pipe('printf %s "$1" | cat', "it's a $word"), "it's a $word")
+        for text in "false | cat", "true | false":
+            with self.subTest(pipe=text):
+                self.assertIn("status 1", self.fault_of(succeeding.pipe, text))
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -12,3 +12,8 @@ def run(*command, **options):
         raise AssertionError(f"{shlex.join(words)}: status {done.returncode}\n"
                              f"{done.stdout}{done.stderr}")
     return done.stdout
+
+
+def pipe(text, *words, **options):
+    """Runs a pipe of the shell, all of whose commands have to succeed; "$1" is the first word."""
+    return run("bash", "-o", "pipefail", "-c", text, "bash", *words, **options)

@@ -4,11 +4,11 @@
 """
 
 import os
-import subprocess
 import sys
 
 from board import lockfile, packages
 from board.mirror import Mirror
+from tests.support import succeeding
 
 SYSROOTS = {
     "glibc": ("libc6:armel", "libc6-dev:armel", "linux-libc-dev:armel"),
@@ -34,8 +34,8 @@ def unpack(files, folder):
     (folder / "lib").symlink_to("usr/lib")
     for file in files:
         # As tar unpacks by itself, the link would become a folder.
-        subprocess.run(f"dpkg-deb --fsys-tarfile '{file}' | tar -x --keep-directory-symlink",
-                       shell=True, check=True, cwd=folder)
+        succeeding.pipe('dpkg-deb --fsys-tarfile "$1" | tar -x --keep-directory-symlink', file,
+                        cwd=folder)
 
 
 def sysroot(name):
