@@ -6,8 +6,9 @@ import tempfile
 import unittest
 from pathlib import Path
 
+from tests.support import private_mounts
+
 ROOT = Path(sys.argv.pop(1)).resolve()
-CANNOT_MOUNT = 77  # says tests/process/private_mounts
 KEPT = "/var/tmp"  # seen by the suites, which get an empty /tmp
 
 PROJECT = """\
@@ -67,8 +68,7 @@ class Gate(unittest.TestCase):
                  sys.executable, "-B", "-m", "tests.mutate", root, build, "100", "1",
                  root / "equivalent.txt"],
                 capture_output=True, text=True, check=False)
-            if run.returncode == CANNOT_MOUNT:
-                self.skipTest(run.stdout.strip().removeprefix("skipped: "))
+            private_mounts.skip_where_refused(self, run)
             return run.returncode, run.stdout + run.stderr
 
     def test_is_green_when_all_are_killed(self):

@@ -6,7 +6,7 @@ import subprocess
 import unittest
 
 from tests.script.commands import ROOT, CommandTest
-from tests.support import fake_commands
+from tests.support import fake_commands, private_mounts
 
 FAKES = {
     "dpkg": "echo amd64",
@@ -15,7 +15,6 @@ FAKES = {
     "apt-get": 'case "$*" in *" install "*) echo "$*" >asked ;; esac',
     "python3": 'echo "$*" >>fetched',
 }
-CANNOT_MOUNT = 77  # says tests/process/private_mounts
 NOT_HERE = ("script/setup: this is {} on {}, but script/packages lists what Debian 12 has for"
             " amd64: take such a machine, or a container of debian:12; the tool alone is built anywhere,"
             " with g++, cmake and make alone (README.md)\n")
@@ -95,8 +94,7 @@ class Machines(SetupTest):
                 [ROOT / "tests/process/private_mounts", "sh", "-c",
                  'mount --bind "$1" /etc/os-release && PATH=$PWD/fakes:$PATH && script/setup host',
                  "sh", release], cwd=self.folder, capture_output=True, text=True, check=False)
-            if run.returncode == CANNOT_MOUNT:
-                self.skipTest(run.stdout.strip().removeprefix("skipped: "))
+            private_mounts.skip_where_refused(self, run)
             self.assertEqual((run.returncode, run.stdout, run.stderr),
                              (1, "", NOT_HERE.format(name, "amd64")))
 

@@ -11,12 +11,12 @@ import sys
 import unittest
 
 from tests import skipped
+from tests.support import private_mounts
 from tests.support.succeeding import run
 from tests.sysroots.build import C_COMPILER, ROOT
 from tests.sysroots.callers import WIDE, Callers, add_figure
 
 PROBE_SOURCES = ("tests/process/probe.c", "tests/process/allocations.c")
-SKIPPED = 77  # of private_mounts, where nothing can be mounted
 LINE_BY_LINE = """\
 mount -t tmpfs tmpfs /mnt
 mkdir /mnt/ramdisk
@@ -72,8 +72,7 @@ checksum 65532
         done = subprocess.run(["tests/process/private_mounts", *words], cwd=ROOT,
                               env={**os.environ, **variables, "FIGURES": ""},  # not among ours
                               capture_output=True, text=True, check=False)
-        if done.returncode == SKIPPED:
-            self.skipTest(done.stdout.strip().removeprefix("skipped: "))
+        private_mounts.skip_where_refused(self, done)
         self.assertEqual(done.returncode, 0, done.stderr)
         return done
 
