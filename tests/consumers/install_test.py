@@ -89,9 +89,14 @@ class Places(InstallTest):
         self.assert_found_by_pkg_config(FOLDERS)
 
     def test_folders_of_the_prefix(self):
-        folders = {"SBINDIR": "bin", "LIBDIR": "lib/arm", "INCLUDEDIR": "inc", "MANDIR": "man"}
-        self.install(*(f"-DCMAKE_INSTALL_{name}={path}" for name, path in folders.items()))
+        folders = {"SBINDIR": "bin", "LIBDIR": "lib/arm", "INCLUDEDIR": "inc",
+                   "MANDIR": "share/my man"}
+        options = [f"-DCMAKE_INSTALL_{name}={path}" for name, path in folders.items()]
+        self.install(*options)
         self.assert_installed(folders)
+        self.assert_ends(self.uninstall(), 0)
+        self.assertEqual(contents(self.root), set(), "what is left")
+        self.install(*options)
         self.assert_found_by_pkg_config(folders)
 
     def test_absolute_folders(self):
