@@ -39,9 +39,14 @@ if(ORVATOOL_TROPTION)
                             " give the terminal's libtroption.so itself.")
     endif()
     string(REGEX REPLACE "${elf}" "\\1\\2" processor ${head})
-    # What CMake compiled first of all; an archive where it could not link yet.
-    file(READ "${CMAKE_PLATFORM_INFO_DIR}/CMakeDetermineCompilerABI_C.bin" head LIMIT 20 HEX)
-    string(REGEX REPLACE "${elf}" "\\1\\2" own_processor ${head})
+    # What CMake compiled first of all; an archive where it could not link yet, and nothing where a
+    # toolchain file forces the compiler.
+    set(compiled "${CMAKE_PLATFORM_INFO_DIR}/CMakeDetermineCompilerABI_C.bin")
+    set(head)
+    if(EXISTS "${compiled}")
+        file(READ "${compiled}" head LIMIT 20 HEX)
+    endif()
+    string(REGEX REPLACE "${elf}" "\\1\\2" own_processor "${head}")
     if(head MATCHES "^7f454c46" AND NOT processor STREQUAL own_processor)
         message(FATAL_ERROR "ORVATOOL_TROPTION is \"${ORVATOOL_TROPTION}\", which is of another processor than"
                             " that of ${CMAKE_C_COMPILER}: give the library of this one, or choose the"

@@ -38,6 +38,13 @@ class Refusals(target.ConfigureTest):
                     f" of {target.COMPILERS['c']}: give the library of this one, or choose the"
                     " terminal's compiler, as by --toolchain cmake/arm-linux-gnueabi.cmake."))
 
+    def test_option_store_where_the_compiler_is_not_tried(self):
+        store = self.folder / "libstore.so"
+        store.write_bytes(Path("/proc/self/exe").read_bytes()[:64])
+        self.assert_ends(target.configure(target.ROOT, self.folder / "build",
+                                          "-DCMAKE_C_COMPILER_FORCED=ON",
+                                          f"-DORVATOOL_TROPTION={store}"), 0)
+
     def test_sanitizers_that_the_compiler_has_not(self):
         compiler = target.COMPILERS["cpp"]
         self.assert_refused("ORVATOOL_SANITIZE", *(
