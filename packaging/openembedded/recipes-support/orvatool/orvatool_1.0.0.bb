@@ -25,7 +25,8 @@ FILES:${PN}-standins = "${libdir}/libtroption.so"
 RDEPENDS:${PN}-dev = "liborvautil (= ${EXTENDPKGV})"
 RRECOMMENDS:${PN} = "${@bb.utils.contains('PACKAGECONFIG', 'standins', '${PN}-standins', '', d)}"
 
-# The option store is the firmware's and has no version.
+# The option store is the firmware's and has no version; and the narrow types, which are looked for,
+# are those of the terminal's programs.
 INSANE_SKIP:${PN} = "file-rdeps 32bit-time"
 INSANE_SKIP:${PN}-standins = "dev-so"
 INSANE_SKIP:liborvautil = "32bit-time"
