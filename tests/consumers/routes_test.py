@@ -124,18 +124,16 @@ class Projects(Route):
 
     def test_add_subdirectory(self):
         (self.folder / "orvatool").symlink_to(target.ROOT)
-        # One project of C, for the library is compiled in it, with a program of C++ beside.
-        more = "\n".join((LINK, "enable_language(CXX)", "add_executable(progxx prog.cpp)",
-                          LINK.replace("prog", "progxx"), "add_executable(progstatic prog.c)",
-                          LINK.replace("prog", "progstatic").replace("::orvautil)",
-                                                                     "::orvautil_static)")))
-        build = self.build("c", ADD_SUBDIRECTORY, more, "-DCMAKE_BUILD_TYPE=Debug")
-        for program in "prog", "progxx", "progstatic":
-            with self.subTest(program=program):
-                self.assert_runs(build / program)
-        with self.subTest("installs nothing of ours"):
-            output_of([target.CMAKE, "--install", build, "--prefix", self.folder / "installed"])
-            self.assertFalse((self.folder / "installed").exists())
+        for language in STANDARDS:
+            static = LINK.replace("prog", "progstatic").replace("::orvautil)", "::orvautil_static)")
+            more = f"{LINK}\nadd_executable(progstatic prog.{language})\n{static}"
+            build = self.build(language, ADD_SUBDIRECTORY, more, "-DCMAKE_BUILD_TYPE=Debug")
+            for program in "prog", "progstatic":
+                with self.subTest(language=language, program=program):
+                    self.assert_runs(build / program)
+            with self.subTest("installs nothing of ours", language=language):
+                output_of([target.CMAKE, "--install", build, "--prefix", self.folder / "installed"])
+                self.assertFalse((self.folder / "installed").exists())
 
     def test_add_subdirectory_brings_functions_of_our_prefix_only(self):
         lists = (target.ROOT / "CMakeLists.txt").read_text(encoding="utf-8")
