@@ -95,8 +95,8 @@ class Machine(unittest.TestCase):
 
     def test_a_foreign_machine_is_told_with_the_way_out(self):
         fake_commands.write(self.bin, {"dpkg": "echo arm64"})
-        refusal = (1, "packaging/build_debian: this machine is arm64, and the packages for amd64 are"
-                   " built on amd64: take such a machine, or for armel alone"
+        refusal = (1, "packaging/build_debian: this machine is arm64, and the packages for amd64"
+                   " are built on amd64: take such a machine, or for armel alone"
                    " packaging/build_debian armel FOLDER\n")
         # Before a tool is missed, which would be got in vain.
         self.assertEqual(self.call("packaging/build_debian", "amd64", self.folder / "out"), refusal)
