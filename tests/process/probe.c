@@ -20,7 +20,6 @@
 #include <fcntl.h>
 #include <stdarg.h>
 #include <stdio.h>
-#include <stdio_ext.h>
 #include <stdlib.h>
 #include <string.h>
 #include <sys/mount.h>
@@ -42,7 +41,6 @@ enum {
 
 static int start_descriptors[kLowDescriptors];
 static int is_limited; /* by a test whose limits leave no room to open the trace, nor for dirt */
-static size_t seen;    /* bytes of stdout's buffer that are in the trace */
 
 /* The next definition of a function, which is the C library's. */
 #define REAL(function) ((__typeof__(&(function)))dlsym(RTLD_NEXT, #function))
@@ -50,48 +48,6 @@ static size_t seen;    /* bytes of stdout's buffer that are in the trace */
 void WriteTrace(const char* text, size_t size) {
     if (write(kTraceFd, text, size) != (ssize_t)size) {
         abort();
-    }
-}
-
-#ifdef __GLIBC__
-static void PrepareOutput(void) {}
-
-static const char* OutputStart(void) {
-    return stdout->_IO_write_base;
-}
-#else
-/*
- * musl shows nobody where its buffer is, and would write line by line: the reopened stream still
- * takes itself for a console. So it gets a buffer of glibc's size, whose first bytes it keeps free.
- */
-enum { kKeptFree = 8, kBufferSize = 4096 };
-static char output[kKeptFree + kBufferSize];
-
-static void PrepareOutput(void) {
-    setvbuf(stdout, output, _IOFBF, sizeof output);
-}
-
-static const char* OutputStart(void) {
-    return output + kKeptFree;
-}
-#endif
-
-/* The text in stdout's buffer that was not there the last time. A flush shows as such. */
-static void TraceOutput(void) {
-    const char* start = OutputStart();
-    const size_t size = __fpending(stdout);
-    if (size < seen) {
-        WriteTrace("flush\n", sizeof "flush\n" - 1);
-        seen = 0;
-    }
-    while (seen < size) {
-        const char* line = start + seen;
-        const char* end = memchr(line, '\n', size - seen);
-        const size_t length = end != NULL ? (size_t)(end - line) : size - seen;
-        WriteTrace(end != NULL ? "out " : "out-", 4);
-        WriteTrace(line, length);
-        WriteTrace("\n", 1);
-        seen += length + (end != NULL ? 1 : 0);
     }
 }
 

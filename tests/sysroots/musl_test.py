@@ -16,7 +16,7 @@ from tests.support.succeeding import run
 from tests.sysroots.build import C_COMPILER, ROOT
 from tests.sysroots.callers import WIDE, Callers, add_figure
 
-PROBE_SOURCES = ("tests/process/probe.c", "tests/process/allocations.c")
+PROBE_SOURCES = [f"tests/process/{name}.c" for name in ("allocations", "output", "probe")]
 LINE_BY_LINE = """\
 mount -t tmpfs tmpfs /mnt
 mkdir /mnt/ramdisk
