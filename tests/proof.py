@@ -45,7 +45,8 @@ DEMANDED = (("script/musl", "musl, process tests"),
             ("script/package", "packages, tests in a fresh root"))
 PAGE = """# Proof
 
-`script/test all` runs every proof there is and writes this page. Each command can be run alone.
+`script/test all` runs every proof there is and writes this page. Each command can be run alone, and
+ends the whole where it finds a fault: what stands here has found none.
 The page is of {date}, commit {commit}, {processors} processors, {minutes} minutes in all.
 
 | command | what | figure |
