@@ -129,7 +129,7 @@ class Machine(unittest.TestCase):
                 self.assertEqual(self.call("packaging/build_debian", "armel", place), (0, ""))
                 copied = (place / "listing").read_text(encoding="utf-8").splitlines()
                 self.assertIn("./packaging/needed", copied)
-                self.assertEqual([name for name in copied if name.endswith("/source")], [])
+                self.assertEqual([name for name in copied if name.endswith("-source")], [])
 
 
 if __name__ == "__main__":
