@@ -97,13 +97,18 @@ def exceeded(found):
             yield f"{command}, {label}: {figure}, where {bound} is the bound"
 
 
+def commit():
+    """The name of what is checked out; sources that are no repository have none."""
+    run = subprocess.run(["git", "rev-parse", "--short", "HEAD"], cwd=ROOT, check=False,
+                         capture_output=True, text=True)
+    return run.stdout.strip() or "unknown"
+
+
 def page(found, seconds):
     """The text of the page."""
-    commit = subprocess.run(["git", "rev-parse", "--short", "HEAD"], cwd=ROOT, check=True,
-                            capture_output=True, text=True).stdout.strip()
     rows = [f"| `{command}` | {label} | {figure} |"
             for (command, label), figure in found.items()]
-    return PAGE.format(date=datetime.date.today(), commit=commit, processors=os.cpu_count(),
+    return PAGE.format(date=datetime.date.today(), commit=commit(), processors=os.cpu_count(),
                        minutes=round(int(seconds) / 60), rows="\n".join(rows))
 
 

@@ -24,7 +24,8 @@ class Proof(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = Path(folder.name)
         self.page = self.folder / "proof.md"
-        for name, value in (("FIGURES", self.folder), ("DOCUMENT", self.page)):
+        for name, value in (("FIGURES", self.folder), ("DOCUMENT", self.page),
+                            ("commit", lambda: "1234567")):  # there may be no git here
             change = mock.patch.object(proof, name, value)
             change.start()
             self.addCleanup(change.stop)
@@ -55,6 +56,7 @@ class Proof(unittest.TestCase):
         text = self.page.read_text(encoding="utf-8")
         self.assertIn(f"| `script/test` | {SECONDS} | 180 |\n", text)
         self.assertEqual(text.count(SECONDS), 1)
+        self.assertIn(", commit 1234567, ", text)
         self.assertIn("| `script/sweep` | things | 1,234 |\n", text)
 
     def test_a_figure_beyond_its_bound_fails(self):
