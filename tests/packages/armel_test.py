@@ -8,7 +8,7 @@ way, so the C library is made known to it first.
 Called with the ARM build folder.
 """
 
-import subprocess
+import os
 import sys
 import tempfile
 import unittest
@@ -19,6 +19,7 @@ from board.terminal import INSTALLED, SERIAL
 from board.tests.support.case import BoardTest
 from tests.packages import packages
 from tests.support import tool
+from tests.support.succeeding import run
 
 INSTALLED_NAMES = ("liborvautil1", "orvatool-standins", "orvatool")
 # What the terminal had before: all but the file systems that the kernel and the test fill, and
@@ -58,14 +59,14 @@ class Terminal(BoardTest):
         self.assertEqual(stick.read(tool.export_name(SERIAL), 1).decode(), self.version())
 
     def _use_library(self):
-        """A program that was built with liborvautil-dev, by the cross compiler."""
+        """A program that was built with liborvautil-dev, as docs/integrating.md has it."""
         with tempfile.TemporaryDirectory() as folder:
             packages.unpack(folder, "armel", "liborvautil-dev", "liborvautil1")
             program = f"{folder}/caller"
-            subprocess.run(["arm-linux-gnueabi-gcc", "-Wall", "-Werror", packages.CALLER,
-                            "-I", f"{folder}/usr/include/arm-linux-gnueabi",
-                            "-L", f"{folder}/usr/lib/arm-linux-gnueabi", "-lorvautil",
-                            "-o", program], check=True)
+            flags = run("pkg-config", "--cflags", "--libs", "orvautil", env={
+                **os.environ, "PKG_CONFIG_PATH": f"{folder}/usr/lib/arm-linux-gnueabi/pkgconfig"})
+            run("arm-linux-gnueabi-gcc", "-Wall", "-Werror", packages.CALLER, *flags.split(),
+                "-o", program)
             self.terminal.install(program, "/tmp/caller")
         self.assertEqual(packages.called(self.terminal.check("/tmp/caller")), packages.CALLED)
 
