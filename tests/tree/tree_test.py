@@ -81,13 +81,14 @@ def python_runs():
         text = FOREACH.sub(lambda loop: "".join(
             loop[4].replace(f"${{{loop[1]}}}", word)
             for word in (loop[3] or lists.get(loop[2], '')).split()), text)
-        text = text.replace("${CMAKE_CURRENT_SOURCE_DIR}", str(path.parent))
+        # From the root: the path of the tree may have blanks.
+        text = text.replace("${CMAKE_CURRENT_SOURCE_DIR}", str(path.parent.relative_to(root)))
         counted = {name for names in COUNTED.findall(text) for name in names.split()}
         for name, command in ADD_TEST.findall(text):
             words = command.split()
             files = {root / word for word in words if word.endswith("_test.py")}
             if "discover" in words:
-                start = pathlib.Path(words[words.index("--start-directory") + 1])
+                start = root / words[words.index("--start-directory") + 1]
                 files |= set(start.glob("*_test.py"))
             if files or "unittest" in words:
                 yield name, files, name in counted
