@@ -33,12 +33,17 @@ class WithoutLogLevels(BoardTest):
         self.assertIn("No space left on device", self.run_quietly())
         self.assertEqual(stick.files(1), before)
 
-    def test_no_stick_and_one_that_is_not_fat_look_alike(self):
+    def test_no_stick_and_one_that_is_refused_look_alike(self):
         self.assertEqual(self.run_quietly(), "")
-        stick = self.stick(True, read_only=True)
-        self.terminal.plug(stick)
-        self.run_quietly()
-        self.assertEqual(stick.files(1), [NOTES])
+        for stick in (self.stick(whole="ext4", mib=4, name="not_fat"),
+                      self.stick(True, read_only=True, name="read_only")):
+            with self.subTest(stick=stick.image.name):
+                before = stick.image.read_bytes()
+                self.terminal.plug(stick)
+                self.assertEqual(self.run_quietly(), "")
+                self.assertEqual(self.terminal.check(f"ls {tool.MOUNT_POINT}"), "")
+                self.terminal.unplug()
+                self.assertTrue(stick.image.read_bytes() == before, "it was written to")
 
     def test_a_wrong_partition_gets_the_copy(self):
         stick = self.stick(True, whole="fat16")
