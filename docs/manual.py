@@ -131,7 +131,7 @@ def header_page(header):
 
 
 def index_page():
-    text = f"Link with `-l{LIBRARY}`. `man` finds the page of a function by the function's name."
+    text = f"Link with `-l{LIBRARY}`. `man NAME` finds a function once `mandb` or `makewhatis` ran."
     body = [*dict.fromkeys(header.include for header in headers), ".Sh DESCRIPTION", *prose(text)]
     for header in headers:
         body += [".Pp", f".Xr {header.page} 3 :", *prose(HEAD.match(header.top[1])[1] + ".")]
